@@ -1,0 +1,10 @@
+#include "WZSources/WZVersion.hpp"
+
+namespace WZ {
+
+const char* GetLibraryVersion() noexcept
+{
+    return "0.1.0";
+}
+
+}  // namespace WZ

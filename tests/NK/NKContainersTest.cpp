@@ -1,0 +1,186 @@
+#include "NK/NKArray.hpp"
+#include "NK/NKGuid.hpp"
+#include "NK/NKHashTable.hpp"
+#include "NK/NKPointers.hpp"
+#include "NK/NKSkipMap.hpp"
+#include "NK/NKUniString.hpp"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+template <typename Container>
+std::vector<int> Keys(const Container& c)
+{
+    std::vector<int> out;
+    for (const auto& entry : c) {
+        if constexpr (requires { entry.first; })
+            out.push_back(entry.first);
+        else
+            out.push_back(entry);
+    }
+    return out;
+}
+
+TEST(HashTableTest, KeepsInsertionOrderAfterDeletes)
+{
+    NK::HashTable<int, int> table;
+    for (int k : {50, 3, 17, 99, 4, 23})
+        EXPECT_TRUE(table.Add(k, k * 10));
+    EXPECT_FALSE(table.Add(17, 0));
+    EXPECT_EQ(table.Get(17), 170);
+    EXPECT_TRUE(table.Delete(3));
+    EXPECT_TRUE(table.Delete(99));
+    EXPECT_FALSE(table.Delete(99));
+    table.Put(50, 1);  // replacing keeps the place
+    table.Put(7, 70);  // adding goes last
+    EXPECT_EQ(Keys(table), (std::vector<int> {50, 17, 4, 23, 7}));
+    EXPECT_EQ(table.Get(50), 1);
+    EXPECT_EQ(table.GetPtr(3), nullptr);
+}
+
+TEST(HashTableTest, HashSetKeepsInsertionOrderAndEqualityIgnoresIt)
+{
+    NK::HashSet<int> set;
+    for (int k : {9, 1, 8, 2, 7})
+        set.Add(k);
+    set.Delete(8);
+    EXPECT_EQ(Keys(set), (std::vector<int> {9, 1, 2, 7}));
+    EXPECT_EQ(set, (NK::HashSet<int> {7, 2, 1, 9}));
+    EXPECT_NE(set, (NK::HashSet<int> {7, 2, 1}));
+}
+
+TEST(HashTableTest, GuidKeysUseTheirOwnHash)
+{
+    NK::HashTable<NK::Guid, int> table;
+    for (int i = 0; i < 1000; ++i)
+        table.Add(NK::Guid::FromNumber(0, static_cast<NK::UInt64>(i)), i);
+    EXPECT_EQ(table.GetSize(), 1000u);
+    EXPECT_EQ(table.Get(NK::Guid::FromNumber(0, 777)), 777);
+}
+
+TEST(SkipMapTest, IteratesAscendingByKey)
+{
+    NK::SkipSet<NK::UInt64> set {5, 1, 3};
+    set.Add(2);
+    EXPECT_EQ(std::vector<NK::UInt64>(set.begin(), set.end()), (std::vector<NK::UInt64> {1, 2, 3, 5}));
+    EXPECT_EQ(set.GetLast(), 5u);
+    NK::SkipMap<int, const char*> map;
+    map.Add(3, "c");
+    map.Add(1, "a");
+    EXPECT_FALSE(map.Add(1, "x"));
+    EXPECT_EQ(Keys(map), (std::vector<int> {1, 3}));
+}
+
+TEST(ArrayTest, IndexesFromZeroAndHoldsMoveOnlyItems)
+{
+    NK::Array<int> a {1, 2, 3};
+    a.Insert(0, 0);
+    a.Delete(2);
+    EXPECT_EQ(a, (NK::Array<int> {0, 1, 3}));
+    EXPECT_EQ(a.FindFirst(3), 2u);
+    EXPECT_EQ(a.FindFirst(42), NK::MaxUIndex);
+    EXPECT_THROW(a[3], std::out_of_range);
+
+    NK::Array<NK::Owner<int>> owners;
+    owners.Push(NK::NewOwned<int>(5));
+    owners.Push(NK::NewOwned<int>(6));
+    owners.Delete(0);
+    EXPECT_EQ(*owners.GetFirst(), 6);
+}
+
+TEST(PointerTest, EmptyRefAndOwnerThrowNullReference)
+{
+    NK::Ref<NK::Object> empty;
+    try {
+        (void) *empty;
+        FAIL() << "no exception";
+    } catch (const NK::NullReferenceException& e) {
+        EXPECT_STREQ(e.what(), "Null reference.");
+    }
+    NK::Owner<int> owner;
+    EXPECT_THROW((void) *owner, NK::NullReferenceException);
+}
+
+TEST(PointerTest, RefConvertsToBaseAndCastsBack)
+{
+    struct Record : NK::Object {
+        int value = 4;
+    };
+    NK::Ref<NK::Object> base = NK::NewRef<Record>();
+    EXPECT_EQ(NK::DynamicCast<Record>(base)->value, 4);
+    struct Other : NK::Object {};
+    EXPECT_TRUE(NK::DynamicCast<Other>(base).IsNull());
+}
+
+TEST(GuidTest, PrintsAndParsesRoundTrip)
+{
+    NK::Guid g("{4B10ACFE-87EE-48CD-BD50-C3B423B85882}");
+    EXPECT_EQ(g.ToString(), "{4B10ACFE-87EE-48CD-BD50-C3B423B85882}");
+    EXPECT_EQ(NK::Guid::Parse("4b10acfe-87ee-48cd-bd50-c3b423b85882"), g);
+    for (int i = 0; i < 50; ++i) {
+        NK::Guid r = NK::Guid::Generate();
+        EXPECT_EQ(NK::Guid::Parse(r.ToString()), r);
+        EXPECT_FALSE(r.IsNull());
+    }
+}
+
+TEST(GuidTest, RejectsMalformedText)
+{
+    for (const char* bad : {"", "{}", "{4B10ACFE-87EE-48CD-BD50-C3B423B8588}", "{4B10ACFE-87EE-48CD-BD50-C3B423B85882",
+                            "4B10ACFE-87EE-48CD-BD50-C3B423B85882}", "{4B10ACFE_87EE-48CD-BD50-C3B423B85882}",
+                            "{4B10ACFE-87EE-48CD-BD50-C3B423B8588G}", "{4B10ACFE-87EE-48CD-BD50-C3B423B858821}"}) {
+        EXPECT_FALSE(NK::Guid::Parse(bad).has_value()) << bad;
+        EXPECT_TRUE(NK::Guid(bad).IsNull()) << bad;
+    }
+}
+
+TEST(UniStringTest, LowerCasesBeyondAscii)
+{
+    EXPECT_EQ(NK::UniString("ÄÖÜ ΣΑΣ Straße").ToLowerCase(), NK::UniString("äöü σας straße")  // final sigma);
+    EXPECT_EQ(NK::UniString("İ").ToLowerCase().GetLength(), 2u);  // full mapping: i + combining dot
+    EXPECT_EQ(NK::UniString("Ｗ").ToLowerCase(), NK::UniString("ｗ"));  // no width folding
+}
+
+TEST(UniStringTest, SplitKeepsEmptyPieces)
+{
+    auto pieces = NK::UniString(",a,,b,").Split(",");
+    ASSERT_EQ(pieces.GetSize(), 5u);
+    EXPECT_EQ(pieces[0], NK::UniString(""));
+    EXPECT_EQ(pieces[1], NK::UniString("a"));
+    EXPECT_EQ(pieces[2], NK::UniString(""));
+    EXPECT_EQ(pieces[3], NK::UniString("b"));
+    EXPECT_EQ(pieces[4], NK::UniString(""));
+}
+
+TEST(UniStringTest, NaturalOrderComparesDigitRunsByValue)
+{
+    EXPECT_TRUE(NK::NaturalIsLess("a2", "a10"));
+    EXPECT_FALSE(NK::NaturalIsLess("a10", "a2"));
+    EXPECT_TRUE(NK::NaturalIsLess("Level 9", "level 10", 1));
+    EXPECT_FALSE(NK::NaturalIsLess("abc", "ABC", 1));
+    EXPECT_FALSE(NK::NaturalIsLess("ABC", "abc", 1));
+    EXPECT_NE(NK::NaturalCompare("abc", "ABC", 0), 0);
+}
+
+TEST(UniStringTest, RoundTripsUtf8AndHashesStably)
+{
+    NK::UniString s("Grundriss – Ebene 1 ✓");
+    EXPECT_EQ(s.ToUtf8(), "Grundriss – Ebene 1 ✓");
+    EXPECT_EQ(NK::UniString("").GenerateHashValue(), 2166136261u);
+    EXPECT_EQ(s.GenerateHashValue(), NK::UniString(u"Grundriss – Ebene 1 ✓").GenerateHashValue());
+}
+
+TEST(UniStringTest, ReadsWholeNumbersOnly)
+{
+    NK::Int64 v = 0;
+    EXPECT_TRUE(NK::UniString(" -42 ").ToInt(v));
+    EXPECT_EQ(v, -42);
+    EXPECT_FALSE(NK::UniString("12px").ToInt(v));
+    EXPECT_FALSE(NK::UniString("").ToInt(v));
+    EXPECT_FALSE(NK::UniString("-").ToInt(v));
+}
+
+}  // namespace
