@@ -139,7 +139,7 @@ TEST(GuidTest, RejectsMalformedText)
 
 TEST(UniStringTest, LowerCasesBeyondAscii)
 {
-    EXPECT_EQ(NK::UniString("ÄÖÜ ΣΑΣ Straße").ToLowerCase(), NK::UniString("äöü σας straße")  // final sigma);
+    EXPECT_EQ(NK::UniString("ÄÖÜ ΣΑΣ Straße").ToLowerCase(), NK::UniString("äöü σας straße"));  // final sigma
     EXPECT_EQ(NK::UniString("İ").ToLowerCase().GetLength(), 2u);  // full mapping: i + combining dot
     EXPECT_EQ(NK::UniString("Ｗ").ToLowerCase(), NK::UniString("ｗ"));  // no width folding
 }
