@@ -1,0 +1,7 @@
+#include "WZSources/ColumnModel/WZColumn.hpp"
+
+namespace WZ {
+
+IColumn::~IColumn() = default;
+
+}  // namespace WZ
