@@ -1,0 +1,24 @@
+// The sequence comparison behind Diffing and TreeDiffing, also handing out the pairing itself:
+// for every old index, the new index of its partner (-1 when the old item was deleted). The tree
+// comparison uses it to find the partner of each paired item without going through the ids.
+#pragma once
+
+#include "NK/NKArray.hpp"
+#include "NK/NKTypes.hpp"
+#include "WZSources/Diff/WZDiffResult.hpp"
+#include "WZSources/Diff/WZDiffable.hpp"
+
+#include <vector>
+
+namespace WZ::Diff {
+
+struct PairedResult {
+    Result result;
+    std::vector<NK::Int64> newIndexOfOld;
+};
+
+PairedResult DiffingWithPairs(const NK::Array<const Diffable*>& oldItems, const NK::Array<const Diffable*>& newItems);
+PairedResult DiffingWithPairs(const NK::Array<const TreeDiffable*>& oldItems,
+                              const NK::Array<const TreeDiffable*>& newItems);
+
+}  // namespace WZ::Diff

@@ -1,0 +1,63 @@
+// The records a comparison returns. Diff::Result describes a flat sequence: which new indices
+// were inserted, which old indices were deleted or changed content, which pairs moved, and the
+// id of every index of both sequences. Diff::TreeResult describes one level of a tree, with
+// nested results for the paired, unmoved items whose children differ.
+//
+// The hashed sets are filled in ascending index order and iterate in that order; the updaters
+// walk `inserted`, `changed` and `moved` relying on it.
+#pragma once
+
+#include "NK/NKHashTable.hpp"
+#include "NK/NKPointers.hpp"
+#include "NK/NKSkipMap.hpp"
+#include "NK/NKTypes.hpp"
+#include "WZSources/Diff/WZTwoWayMap.hpp"
+
+namespace WZ::Diff {
+
+// A paired item whose new index is not the one that the insertions and deletions before it give.
+struct Move {
+    NK::UInt64 from = 0;  // index in the old sequence
+    NK::UInt64 to = 0;    // index in the new sequence
+
+    bool operator==(const Move& other) const noexcept { return from == other.from && to == other.to; }
+    // Both halves of both indices summed in 32-bit wrap-around arithmetic, `to` weighted by 65599.
+    NK::UInt32 GenerateHashValue() const noexcept;
+};
+
+using IndexMap = TwoWayMap<NK::Int64>;
+
+struct Result {
+    NK::HashSet<NK::UInt64> inserted;  // new indices without an old counterpart
+    NK::HashSet<NK::UInt64> deleted;   // old indices without a new counterpart
+    NK::HashSet<NK::UInt64> changed;   // old indices of paired items whose id's content differs
+    NK::HashSet<Move> moved;
+    IndexMap oldIndexMap;
+    IndexMap newIndexMap;
+
+    bool HasChanges() const noexcept;
+};
+
+struct TreeResult {
+    struct Update {
+        bool itemChanged = false;          // the item's own content differs
+        NK::Owner<TreeResult> subTree;     // the comparison of its children; null when they are alike
+
+        Update() = default;
+        Update(bool itemChanged, NK::Owner<TreeResult> subTree);
+        Update(const Update& other);
+        Update& operator=(const Update& other);
+        Update(Update&&) noexcept = default;
+        Update& operator=(Update&&) noexcept = default;
+        ~Update();
+    };
+
+    NK::SkipSet<NK::UInt64> inserted;              // new indices on this level
+    NK::SkipSet<NK::UInt64> deleted;               // old indices on this level
+    NK::SkipMap<NK::UInt64, Update> updates;       // by new index
+    NK::HashSet<Move> moved;
+
+    bool HasChanges() const noexcept;
+};
+
+}  // namespace WZ::Diff
