@@ -31,5 +31,11 @@ inline constexpr ErrCode ErrChannelIO = -7102;             // the file behind a 
 inline constexpr ErrCode ErrChannelFormat = -7103;         // bytes that do not form the value (bad text, bad count)
 inline constexpr ErrCode ErrForeignFrame = -7104;          // a class frame of another class identity
 inline constexpr ErrCode ErrFrameVersion = -7105;          // a class frame of a newer, unknown version
+inline constexpr ErrCode ErrNotOpen = -7106;               // a preference key, file or module that is not open
+inline constexpr ErrCode ErrInvalidArgument = -7107;       // an argument the operation does not accept (bad path, bad root key)
+inline constexpr ErrCode ErrModuleLoad = -7108;            // a module could not be loaded
+inline constexpr ErrCode ErrSymbolNotFound = -7109;        // a loaded module does not export the name
+inline constexpr ErrCode ErrFileSystem = -7110;            // a folder or file could not be made, renamed or removed
+inline constexpr ErrCode ErrParse = -7111;                 // a text that is not well-formed JSON
 
 }  // namespace NK

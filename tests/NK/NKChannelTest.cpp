@@ -1,0 +1,296 @@
+#include "NK/NKChannel.hpp"
+#include "NK/NKCodePage.hpp"
+#include "NK/NKFileChannel.hpp"
+#include "NK/NKMemoryChannel.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <fstream>
+#include <functional>
+#include <limits>
+#include <memory>
+
+namespace {
+
+using NK::Byte;
+
+// One value of every kind the channels carry, extremes included.
+struct Sample {
+    NK::Int16 i16 = std::numeric_limits<NK::Int16>::min();
+    NK::UInt16 u16 = 0xBEEF;
+    NK::Int32 i32 = -123456789;
+    NK::UInt32 u32 = 0xFFFFFFFFu;
+    NK::Int64 i64 = std::numeric_limits<NK::Int64>::min() + 7;
+    NK::UInt64 u64 = 0x0123456789ABCDEFull;
+    bool flag = true;
+    NK::Guid id = NK::Guid::FromNumber(0x1122334455667788ull, 0x99AABBCCDDEEFF00ull);
+    NK::UniString text = u"Gr\u00FC\u00DFe \U0001F600 \u20AC";
+    NK::UniString empty;
+    NK::UniString legacy = u"caf\u00E9 \u20AC5";
+    std::vector<Byte> block {0x00, 0xFF, 0x10, 0x7F};
+
+    void WriteTo(NK::OChannel& out) const
+    {
+        out.Write(i16);
+        out.Write(u16);
+        out.Write(i32);
+        out.Write(u32);
+        out.Write(i64);
+        out.Write(u64);
+        out.Write(flag);
+        out.Write(id);
+        out.Write(text);
+        out.Write(empty);
+        out.Write8BitString(legacy);
+        out.Write(static_cast<NK::UInt32>(block.size()));
+        out.WriteBlock(block);
+    }
+
+    // Reads into a fresh sample and returns the first error.
+    static NK::ErrCode ReadFrom(NK::IChannel& in, Sample& s)
+    {
+        NK::UInt32 blockSize = 0;
+        for (NK::ErrCode error : {in.Read(s.i16), in.Read(s.u16), in.Read(s.i32), in.Read(s.u32), in.Read(s.i64), in.Read(s.u64),
+                                  in.Read(s.flag), in.Read(s.id), in.Read(s.text), in.Read(s.empty), in.Read8BitString(s.legacy),
+                                  in.Read(blockSize), in.ReadBlock(s.block, blockSize)}) {
+            if (error != NK::NoError)
+                return error;
+        }
+        return NK::NoError;
+    }
+
+    bool operator==(const Sample&) const = default;
+};
+
+// A sample whose every field differs from the written one, to see what a read touched.
+Sample Blank()
+{
+    Sample s;
+    s.i16 = 1;
+    s.u16 = 2;
+    s.i32 = 3;
+    s.u32 = 4;
+    s.i64 = 5;
+    s.u64 = 6;
+    s.flag = false;
+    s.id = NK::NullGuid;
+    s.text = "x";
+    s.empty = "y";
+    s.legacy = "z";
+    s.block = {9};
+    return s;
+}
+
+std::vector<Byte> Written(const std::function<void(NK::OChannel&)>& write)
+{
+    NK::MemoryOChannel out;
+    write(out);
+    EXPECT_EQ(out.GetStatus(), NK::NoError);
+    return out.TakeBytes();
+}
+
+class ChannelTest : public ::testing::Test {
+protected:
+    NK::FileLocation TempFile(const char* name) const { return NK::FileLocation(::testing::TempDir() + "nk_channel_" + name); }
+
+    void WriteFile(const NK::FileLocation& file, const std::vector<Byte>& bytes) const
+    {
+        std::ofstream out(file.GetPath(), std::ios::binary | std::ios::trunc);
+        out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    }
+};
+
+TEST_F(ChannelTest, IntegersAreLittleEndianOnTheWire)
+{
+    const std::vector<Byte> bytes = Written([](NK::OChannel& out) {
+        out.Write(NK::Int16(-2));
+        out.Write(NK::UInt32(0x01020304u));
+        out.Write(true);
+        out.Write(NK::UniString(u"A\u20AC"));
+        out.Write8BitString(NK::UniString(u"\u00E9\u20AC"));
+    });
+    EXPECT_EQ(bytes, (std::vector<Byte> {0xFE, 0xFF, 0x04, 0x03, 0x02, 0x01, 0x01, 0x02, 0, 0, 0, 0x41, 0x00, 0xAC, 0x20, 0x02, 0, 0,
+                                         0, 0xE9, 0x80}));
+}
+
+TEST_F(ChannelTest, EveryKindRoundTripsThroughMemoryAndFile)
+{
+    const Sample written;
+    const std::vector<Byte> bytes = Written([&](NK::OChannel& out) { written.WriteTo(out); });
+
+    NK::MemoryIChannel memory(bytes);
+    Sample fromMemory = Blank();
+    EXPECT_EQ(Sample::ReadFrom(memory, fromMemory), NK::NoError);
+    EXPECT_EQ(fromMemory, written);
+    EXPECT_EQ(memory.GetRemaining(), 0u);
+
+    const NK::FileLocation file = TempFile("roundtrip.bin");
+    {
+        NK::FileOChannel out(file);
+        written.WriteTo(out);
+        EXPECT_EQ(out.Close(), NK::NoError);
+    }
+    NK::FileIChannel in(file);
+    Sample fromFile = Blank();
+    EXPECT_EQ(Sample::ReadFrom(in, fromFile), NK::NoError);
+    EXPECT_EQ(fromFile, written);
+    EXPECT_EQ(in.GetRemaining(), 0u);
+}
+
+TEST_F(ChannelTest, EveryTruncationOfAStreamIsAnErrorThatSticks)
+{
+    const std::vector<Byte> bytes = Written([](NK::OChannel& out) { Sample().WriteTo(out); });
+    const NK::FileLocation file = TempFile("truncated.bin");
+    for (NK::UIndex length = 0; length < bytes.size(); ++length) {
+        const std::vector<Byte> prefix(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length));
+        WriteFile(file, prefix);
+        NK::MemoryIChannel memory(prefix);
+        NK::FileIChannel disk(file);
+        for (NK::IChannel* in : {static_cast<NK::IChannel*>(&memory), static_cast<NK::IChannel*>(&disk)}) {
+            SCOPED_TRACE(testing::Message() << "length " << length << (in == &memory ? " memory" : " file"));
+            Sample read = Blank();
+            EXPECT_EQ(Sample::ReadFrom(*in, read), NK::ErrChannelEnd);
+            EXPECT_EQ(in->GetStatus(), NK::ErrChannelEnd);
+            // The channel stays failed, even for a read that would fit what is left.
+            NK::Int16 untouched = 77;
+            EXPECT_EQ(in->Read(untouched), NK::ErrChannelEnd);
+            EXPECT_EQ(untouched, 77);
+            EXPECT_EQ(in->GetRemaining(), 0u);
+        }
+    }
+}
+
+TEST_F(ChannelTest, AFailedReadLeavesItsValueUntouched)
+{
+    // Three bytes: not enough for a UInt32, and a string count that promises more than is there.
+    NK::MemoryIChannel shortInt(std::vector<Byte> {1, 2, 3});
+    NK::UInt32 number = 42;
+    EXPECT_EQ(shortInt.Read(number), NK::ErrChannelEnd);
+    EXPECT_EQ(number, 42u);
+
+    NK::MemoryIChannel lyingCount(std::vector<Byte> {3, 0, 0, 0, 'a', 0, 'b', 0});
+    NK::UniString text("kept");
+    EXPECT_EQ(lyingCount.Read(text), NK::ErrChannelEnd);
+    EXPECT_EQ(text, NK::UniString("kept"));
+}
+
+TEST_F(ChannelTest, AbsurdCountsAreRefusedBeforeAllocating)
+{
+    const std::vector<Byte> huge {0xFF, 0xFF, 0xFF, 0xFF, 'x'};
+    NK::MemoryIChannel forUnicode(huge);
+    NK::UniString text;
+    EXPECT_EQ(forUnicode.Read(text), NK::ErrChannelEnd);
+
+    NK::MemoryIChannel for8Bit(huge);
+    NK::UniString legacy;
+    EXPECT_EQ(for8Bit.Read8BitString(legacy), NK::ErrChannelEnd);
+
+    NK::MemoryIChannel forBlock(huge);
+    std::vector<Byte> block {1};
+    EXPECT_EQ(forBlock.ReadBlock(block, std::numeric_limits<NK::UInt64>::max()), NK::ErrChannelEnd);
+    EXPECT_EQ(block, std::vector<Byte> {1});
+}
+
+TEST_F(ChannelTest, ABoolByteOtherThanZeroOrOneIsAFormatError)
+{
+    NK::MemoryIChannel in(std::vector<Byte> {1, 0, 2, 1});
+    bool value = false;
+    EXPECT_EQ(in.Read(value), NK::NoError);
+    EXPECT_TRUE(value);
+    EXPECT_EQ(in.Read(value), NK::NoError);
+    EXPECT_FALSE(value);
+    value = true;
+    EXPECT_EQ(in.Read(value), NK::ErrChannelFormat);
+    EXPECT_TRUE(value);
+    EXPECT_EQ(in.Read(value), NK::ErrChannelFormat);
+}
+
+TEST_F(ChannelTest, AFailedOutputChannelWritesNothingMore)
+{
+    const NK::FileLocation file = TempFile("closed.bin");
+    NK::FileOChannel out(file);
+    EXPECT_EQ(out.Write(NK::Int32(1)), NK::NoError);
+    EXPECT_EQ(out.Close(), NK::NoError);
+    EXPECT_EQ(out.Write(NK::Int32(2)), NK::ErrNotOpen);
+    EXPECT_EQ(out.Write(NK::UniString("later")), NK::ErrNotOpen);
+    EXPECT_EQ(out.GetStatus(), NK::ErrNotOpen);
+
+    NK::FileIChannel in(file);
+    EXPECT_EQ(in.GetRemaining(), 4u);
+}
+
+TEST_F(ChannelTest, AFileThatCannotBeOpenedFailsTheChannel)
+{
+    NK::FileIChannel missing(TempFile("does-not-exist.bin"));
+    NK::Int16 value = 5;
+    EXPECT_EQ(missing.GetStatus(), NK::ErrChannelIO);
+    EXPECT_EQ(missing.Read(value), NK::ErrChannelIO);
+    EXPECT_EQ(value, 5);
+
+    NK::FileIChannel folder(NK::FileLocation(::testing::TempDir()));
+    EXPECT_EQ(folder.GetStatus(), NK::ErrChannelIO);
+
+    NK::FileOChannel unwritable(NK::FileLocation("/nonexistent-folder-for-tests/file.bin"));
+    EXPECT_EQ(unwritable.Write(NK::Int16(1)), NK::ErrChannelIO);
+}
+
+TEST_F(ChannelTest, CallerErrorsDoNotFailTheChannel)
+{
+    NK::MemoryOChannel out;
+    EXPECT_EQ(out.WriteBlock(nullptr, 3), NK::ErrInvalidArgument);
+    EXPECT_EQ(out.GetStatus(), NK::NoError);
+    EXPECT_EQ(out.WriteBlock(nullptr, 0), NK::NoError);
+    EXPECT_EQ(out.GetSize(), 0u);
+}
+
+TEST_F(ChannelTest, SkipPassesOverBytesWithinTheData)
+{
+    const std::vector<Byte> bytes = Written([](NK::OChannel& out) {
+        out.Write(NK::UInt32(1));
+        out.Write(NK::UInt32(2));
+    });
+    NK::MemoryIChannel in(bytes);
+    NK::UInt32 value = 0;
+    EXPECT_EQ(in.Skip(4), NK::NoError);
+    EXPECT_EQ(in.Read(value), NK::NoError);
+    EXPECT_EQ(value, 2u);
+    EXPECT_EQ(in.Skip(1), NK::ErrChannelEnd);
+}
+
+TEST(CodePageTest, WesternTextRoundTripsThroughEightBitStrings)
+{
+    const NK::UniString text(u"\u00E9t\u00E9 \u20AC \u0152uvre \u2122 \u00FF");
+    EXPECT_EQ(NK::CountUnmappable(text), 0u);
+    EXPECT_EQ(NK::DecodeDefaultCodePage(NK::EncodeDefaultCodePage(text)), text);
+    EXPECT_EQ(NK::EncodeDefaultCodePage(NK::UniString(u"\u20AC\u00E9")), std::string("\x80\xE9"));
+}
+
+TEST(CodePageTest, UnmappableCharactersBecomeOneQuestionMarkEach)
+{
+    // A CJK character, a character outside the BMP (a surrogate pair) and a lone surrogate.
+    const NK::UniString text(std::u16string(u"a\u4E2Db\U0001F600c") + char16_t(0xD800) + u"?");
+    EXPECT_EQ(NK::CountUnmappable(text), 3u);
+    EXPECT_EQ(NK::EncodeDefaultCodePage(text), "a?b?c??");
+
+    NK::MemoryOChannel out;
+    EXPECT_EQ(out.Write8BitString(text), NK::NoError);
+    NK::MemoryIChannel in(out.GetBytes());
+    NK::UniString back;
+    EXPECT_EQ(in.Read8BitString(back), NK::NoError);
+    EXPECT_EQ(back, NK::UniString("a?b?c??"));
+}
+
+TEST(CodePageTest, EveryByteDecodesAndRoundTrips)
+{
+    std::string all;
+    for (int b = 1; b < 256; ++b)
+        all += static_cast<char>(b);
+    const NK::UniString text = NK::DecodeDefaultCodePage(all);
+    EXPECT_EQ(text.GetLength(), all.size());
+    EXPECT_EQ(text[0x80 - 1], u'\u20AC');
+    EXPECT_EQ(text[0x81 - 1], u'\u0081');  // undefined in the code page: kept as the C1 control
+    EXPECT_EQ(NK::EncodeDefaultCodePage(text), all);
+}
+
+}  // namespace
