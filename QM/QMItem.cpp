@@ -110,6 +110,8 @@ void Item::Render(NK::Array<std::string>& lines, const std::string& indent) cons
     if (!text.IsEmpty())
         heading += " \"" + text.ToUtf8() + "\"";
     heading += " " + rect.ToString();
+    if (!visible)
+        heading += " hidden";
     if (!enabled)
         heading += " disabled";
     if (HasFocus())

@@ -4,7 +4,8 @@
 // leaves its items without a panel (GetPanel() null, GetId() unchanged).
 // Every state change notifies the item's observers synchronously, whether a program or a
 // simulated user caused it; the event tells which (QM::Origin). Every mutating call is
-// counted in the item's journal.
+// counted in the item's journal. Observer interfaces of the toolkit derive virtually from
+// NK::EventObserver, so one object may observe several kinds of events of one control.
 #pragma once
 
 #include "NK/NKEvents.hpp"
@@ -50,7 +51,7 @@ struct FocusChangeEventArg {
     Origin origin;
 };
 
-class ItemObserver : public NK::EventObserver {
+class ItemObserver : public virtual NK::EventObserver {
 public:
     virtual void ItemVisibilityChanged(const VisibilityChangeEventArg&) {}
     virtual void ItemFocusChanged(const FocusChangeEventArg&) {}

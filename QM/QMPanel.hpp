@@ -37,7 +37,7 @@ struct PanelResizeEvent {
     Origin origin;
 };
 
-class PanelObserver : public NK::EventObserver {
+class PanelObserver : public virtual NK::EventObserver {
 public:
     virtual void PanelOpened(const PanelOpenEvent&) {}
     virtual void PanelClosed(const PanelCloseEvent&) {}
