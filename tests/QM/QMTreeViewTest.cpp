@@ -1,0 +1,308 @@
+#include "NK/NKAssert.hpp"
+#include "QM/QMDialog.hpp"
+#include "QM/QMTreeView.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using Tree = QM::TreeView;
+
+class TreeRecorder : public QM::TreeViewObserver {
+public:
+    void SelectionChanged(const QM::TreeViewSelectionEvent& e) override
+    {
+        std::string text = Who(e.origin) + "selection:";
+        for (int item : e.source.GetSelectedItems())
+            text += " " + e.source.GetItemText(item).ToUtf8();
+        events.push_back(text);
+    }
+    void ItemExpanded(const QM::TreeViewItemEvent& e) override
+    {
+        events.push_back(Who(e.origin) + "expanded " + e.source.GetItemText(e.item).ToUtf8());
+    }
+    void ItemCollapsed(const QM::TreeViewItemEvent& e) override
+    {
+        events.push_back(Who(e.origin) + "collapsed " + e.source.GetItemText(e.item).ToUtf8());
+    }
+    void ItemDoubleClicked(const QM::TreeViewItemEvent& e) override
+    {
+        events.push_back("double-click " + e.source.GetItemText(e.item).ToUtf8());
+    }
+    void ItemTextEdited(const QM::TreeViewEditEvent& e) override
+    {
+        events.push_back("edited " + e.oldText.ToUtf8() + " -> " + e.newText.ToUtf8());
+    }
+    static std::string Who(QM::Origin origin) { return origin == QM::Origin::User ? "user " : ""; }
+    std::vector<std::string> events;
+};
+
+class QMTreeViewTest : public ::testing::Test {
+protected:
+    int Add(Tree& tree, int parent, int after, const char* text)
+    {
+        int item = tree.InsertItem(parent, after);
+        tree.SetItemText(item, text);
+        return item;
+    }
+    // The texts of a node's children, by the first-child and next-sibling relations.
+    std::vector<std::string> Children(const Tree& tree, int parent) const
+    {
+        std::vector<std::string> texts;
+        for (int c = tree.GetItem(parent, Tree::FirstChild); c != Tree::NoItem; c = tree.GetItem(c, Tree::NextSibling))
+            texts.push_back(tree.GetItemText(c).ToUtf8());
+        return texts;
+    }
+    // The same walked backwards, to check the other links.
+    std::vector<std::string> ChildrenBackwards(const Tree& tree, int parent) const
+    {
+        std::vector<std::string> texts;
+        for (int c = tree.GetItem(parent, Tree::LastChild); c != Tree::NoItem; c = tree.GetItem(c, Tree::PreviousSibling))
+            texts.insert(texts.begin(), tree.GetItemText(c).ToUtf8());
+        return texts;
+    }
+
+    QM::Dialog dialog;
+    Tree single {dialog, QM::Rect(0, 0, 200, 300)};
+    Tree multi {dialog, QM::Rect(200, 0, 400, 300), Tree::SelectionType::Multi};
+};
+
+TEST_F(QMTreeViewTest, InsertsFirstLastAndAfterASibling)
+{
+    int b = Add(single, 0, Tree::LastPosition, "b");
+    int d = Add(single, 0, Tree::LastPosition, "d");
+    Add(single, 0, Tree::FirstPosition, "a");
+    Add(single, 0, b, "c");
+    Add(single, 0, d, "e");
+    int child = Add(single, b, Tree::FirstPosition, "b1");
+    Add(single, b, child, "b2");
+    EXPECT_EQ(Children(single, 0), (std::vector<std::string> {"a", "b", "c", "d", "e"}));
+    EXPECT_EQ(ChildrenBackwards(single, 0), Children(single, 0));
+    EXPECT_EQ(Children(single, b), (std::vector<std::string> {"b1", "b2"}));
+    EXPECT_EQ(single.GetItem(child, Tree::Parent), b);
+    EXPECT_EQ(single.GetItem(b, Tree::Parent), 0);
+    EXPECT_EQ(single.GetItemCount(), 7);
+    EXPECT_EQ(single.GetChildCount(b), 2);
+    EXPECT_EQ(single.GetChildCount(0), 5);
+    EXPECT_TRUE(single.HasAncestor(child, b));
+    EXPECT_FALSE(single.HasAncestor(b, child));
+}
+
+TEST_F(QMTreeViewTest, RefusesUnknownParentsAndForeignSiblings)
+{
+    int a = Add(single, 0, Tree::LastPosition, "a");
+    int a1 = Add(single, a, Tree::LastPosition, "a1");
+    NK::AssertCapture capture;
+    EXPECT_EQ(single.InsertItem(99, Tree::LastPosition), Tree::NoItem);
+    EXPECT_EQ(single.InsertItem(0, a1), Tree::NoItem);  // a1 is not a top-level node
+    EXPECT_EQ(single.InsertItem(a, -7), Tree::NoItem);
+    EXPECT_EQ(single.GetItem(42, Tree::FirstChild), Tree::NoItem);
+    EXPECT_EQ(capture.GetReports().size(), 4u);
+    EXPECT_EQ(single.GetItemCount(), 2);
+    EXPECT_FALSE(single.IsExistingItem(0));
+    EXPECT_FALSE(single.IsExistingItem(-1));
+}
+
+TEST_F(QMTreeViewTest, DeletingANodeDeletesItsSubtreeAndHandlesAreNeverReused)
+{
+    int a = Add(single, 0, Tree::LastPosition, "a");
+    int b = Add(single, 0, Tree::LastPosition, "b");
+    int a1 = Add(single, a, Tree::LastPosition, "a1");
+    int a11 = Add(single, a1, Tree::LastPosition, "a11");
+    int a2 = Add(single, a, Tree::LastPosition, "a2");
+    single.SetItemValue(b, 7);
+
+    single.DeleteItem(a);
+    EXPECT_FALSE(single.IsExistingItem(a));
+    EXPECT_FALSE(single.IsExistingItem(a1));
+    EXPECT_FALSE(single.IsExistingItem(a11));
+    EXPECT_FALSE(single.IsExistingItem(a2));
+    EXPECT_EQ(single.GetItemCount(), 1);
+    EXPECT_EQ(Children(single, 0), (std::vector<std::string> {"b"}));
+    EXPECT_EQ(single.GetItem(b, Tree::PreviousSibling), Tree::NoItem);
+    EXPECT_EQ(single.GetItemValue(b), 7);  // survivors keep their handle and data
+
+    int c = Add(single, 0, Tree::FirstPosition, "c");
+    EXPECT_GT(c, a2);
+    single.DeleteAllItems();
+    EXPECT_EQ(single.GetItemCount(), 0);
+    EXPECT_EQ(single.GetItem(0, Tree::FirstChild), Tree::NoItem);
+    EXPECT_GT(single.AppendItem(0), c);
+}
+
+TEST_F(QMTreeViewTest, NodesKeepTheirLookAndData)
+{
+    int a = Add(single, 0, Tree::LastPosition, "a");
+    NK::Ref<NK::Object> record = NK::NewRef<NK::Object>();
+    single.SetItemNormalIcon(a, QM::Icon(5, 2));
+    single.SetItemStateIcon(a, QM::Icon(5, 3));
+    single.SetItemFontStyle(a, QM::Font::Italic);
+    single.SetItemColor(a, QM::Color(255, 0, 0));
+    single.SetItemBackgroundColor(a, QM::Color(0, 0, 255));
+    single.SetItemObjectData(a, record);
+    single.SetItemStatus(a, Tree::ItemStatus::Grayed);
+    EXPECT_EQ(single.GetItemNormalIcon(a), QM::Icon(5, 2));
+    EXPECT_EQ(single.GetItemStateIcon(a), QM::Icon(5, 3));
+    EXPECT_EQ(single.GetItemOverlayIcon(a), QM::Icon());
+    EXPECT_EQ(single.GetItemFontStyle(a), QM::Font::Italic);
+    EXPECT_EQ(single.GetItemColor(a), QM::Color(255, 0, 0));
+    EXPECT_EQ(single.GetItemBackgroundColor(a), QM::Color(0, 0, 255));
+    EXPECT_EQ(single.GetItemObjectData(a), record);
+    EXPECT_EQ(single.GetItemStatus(a), Tree::ItemStatus::Grayed);
+    single.ResetItemColor(a);
+    single.ResetItemBackgroundColor(a);
+    EXPECT_FALSE(single.GetItemColor(a).has_value());
+    EXPECT_FALSE(single.GetItemBackgroundColor(a).has_value());
+
+    single.DeleteItem(a);
+    EXPECT_EQ(record.GetRefCount(), 1);  // the deleted node let its record go
+    NK::AssertCapture capture;
+    EXPECT_EQ(single.GetItemObjectData(a), nullptr);
+    EXPECT_EQ(capture.GetReports().size(), 1u);
+}
+
+TEST_F(QMTreeViewTest, VisibleNavigationFollowsExpansion)
+{
+    int a = Add(single, 0, Tree::LastPosition, "a");
+    int a1 = Add(single, a, Tree::LastPosition, "a1");
+    int a2 = Add(single, a, Tree::LastPosition, "a2");
+    int b = Add(single, 0, Tree::LastPosition, "b");
+    EXPECT_EQ(single.GetItem(a, Tree::NextVisible), b);
+    EXPECT_EQ(single.GetItem(b, Tree::PreviousVisible), a);
+    single.ExpandItem(a);
+    EXPECT_EQ(single.GetItem(a, Tree::NextVisible), a1);
+    EXPECT_EQ(single.GetItem(a2, Tree::NextVisible), b);
+    EXPECT_EQ(single.GetItem(b, Tree::PreviousVisible), a2);
+    EXPECT_EQ(single.GetItem(a1, Tree::PreviousVisible), a);
+    EXPECT_EQ(single.GetItem(b, Tree::NextVisible), Tree::NoItem);
+    EXPECT_EQ(single.GetItem(a, Tree::PreviousVisible), Tree::NoItem);
+}
+
+TEST_F(QMTreeViewTest, SelectionSingleAndMultiInDisplayOrder)
+{
+    int a = Add(multi, 0, Tree::LastPosition, "a");
+    int b = Add(multi, 0, Tree::LastPosition, "b");
+    int a1 = Add(multi, a, Tree::LastPosition, "a1");
+    multi.SelectItems({b, a1, a});
+    EXPECT_EQ(multi.GetSelectedItems(), (NK::Array<int> {a, a1, b}));
+    EXPECT_EQ(multi.GetSelectedCount(), 3);
+    EXPECT_EQ(multi.GetSelectedItem(2), a1);
+    EXPECT_EQ(multi.GetSelectedItem(4), Tree::NoItem);
+    multi.DeselectItem(a1);
+    EXPECT_EQ(multi.GetSelectedItems(), (NK::Array<int> {a, b}));
+    multi.DeleteItem(a);
+    EXPECT_EQ(multi.GetSelectedItems(), (NK::Array<int> {b}));
+    multi.DeselectItem(0);
+    EXPECT_EQ(multi.GetSelectedCount(), 0);
+
+    int x = Add(single, 0, Tree::LastPosition, "x");
+    int y = Add(single, 0, Tree::LastPosition, "y");
+    single.SelectItem(x);
+    single.SelectItem(y);
+    EXPECT_EQ(single.GetSelectedItems(), (NK::Array<int> {y}));
+    EXPECT_EQ(single.GetSelectedItem(), y);
+    EXPECT_FALSE(single.IsItemSelected(x));
+}
+
+TEST_F(QMTreeViewTest, ObserversHearSelectionExpansionAndEditsWithTheirOrigin)
+{
+    int a = Add(multi, 0, Tree::LastPosition, "a");
+    int a1 = Add(multi, a, Tree::LastPosition, "a1");
+    int b = Add(multi, 0, Tree::LastPosition, "b");
+    TreeRecorder recorder;
+    multi.Attach(recorder);
+    multi.SelectItem(a1);
+    multi.SelectItem(a1);  // unchanged: silent
+    multi.SimulateUserSelectNode(b);
+    multi.SimulateUserSelectNodes({a, b});
+    multi.ExpandItem(a);
+    multi.ExpandItem(a);  // unchanged: silent
+    multi.SimulateUserCollapse(a);
+    multi.SimulateUserExpand(a);
+    multi.DeleteItem(b);  // took a selected node with it
+    multi.SimulateUserDoubleClickNode(a1);
+    multi.BeginItemEdit(a1);
+    multi.SimulateUserEndItemEdit("renamed", true);
+    multi.BeginItemEdit(a);
+    multi.SimulateUserEndItemEdit("ignored", false);
+    EXPECT_EQ(recorder.events,
+              (std::vector<std::string> {"selection: a1", "user selection: b", "user selection: a b", "expanded a",
+                                         "user collapsed a", "user expanded a", "selection: a",
+                                         "user selection: a1", "double-click a1", "edited a1 -> renamed"}));
+    EXPECT_EQ(multi.GetItemText(a), NK::UniString("a"));
+    EXPECT_EQ(multi.GetEditedItem(), Tree::NoItem);
+}
+
+TEST_F(QMTreeViewTest, JournalCountsStructuralAndStylingCalls)
+{
+    single.DisableDraw();
+    int a = single.AppendItem(0);
+    int b = single.InsertItem(0, a);
+    single.InsertItem(a, Tree::FirstPosition);
+    single.SetItemText(b, "b");
+    single.SetItemNormalIcon(b, QM::Icon(1, 1));
+    single.SetItemFontStyle(b, QM::Font::Bold);
+    single.ResetItemColor(b);
+    single.SetItemObjectData(b, NK::NewRef<NK::Object>());
+    single.ExpandItem(a);
+    single.CollapseItem(a);
+    single.SelectItem(b);
+    single.DeleteItem(a);
+    single.EnableDraw();
+    single.RedrawItem(b);
+    single.Redraw();
+    single.BeginItemEdit(b);
+    EXPECT_EQ(single.GetJournal().ToString(),
+              "InsertItem=3 DeleteItem=1 SetItemObjectData=1 SetText=1 SetIcon=1 SetStyle=2 Select=1 Expand=1 "
+              "Collapse=1 DisableDraw=1 EnableDraw=1 Redraw=1 RedrawItem=1 BeginItemEdit=1");
+    EXPECT_TRUE(single.IsDrawEnabled());
+}
+
+TEST_F(QMTreeViewTest, RendersIndentedNodesWithOpenClosedAndSelectionMarks)
+{
+    int docs = Add(single, 0, Tree::LastPosition, "Documents");
+    int letters = Add(single, docs, Tree::LastPosition, "Letters");
+    Add(single, letters, Tree::LastPosition, "hidden below a closed node");
+    int report = Add(single, docs, Tree::LastPosition, "Report");
+    single.SetItemNormalIcon(report, QM::Icon(3, 9));
+    int music = Add(single, 0, Tree::LastPosition, "Music");
+    Add(single, music, Tree::LastPosition, "Song");
+    int empty = Add(single, 0, Tree::LastPosition, "Empty");
+    single.SetItemStatus(empty, Tree::ItemStatus::Disabled);
+    single.ExpandItem(docs);
+    single.SelectItem(report);
+    NK::Array<std::string> lines;
+    single.Render(lines, "");
+    EXPECT_EQ(lines, (NK::Array<std::string> {"#1 TreeView (0, 0, 200, 300)", "    [-] Documents",
+                                              "      [+] Letters", "  *       [icon(3:9)] Report",
+                                              "    [+] Music", "        Empty (disabled)"}));
+}
+
+TEST(QMTreeViewScaleTest, AppendingAndDeletingManyNodesKeepsTheLinksConsistent)
+{
+    QM::Dialog dialog;
+    Tree tree(dialog, QM::Rect());
+    int parent = tree.AppendItem(0);
+    std::vector<int> children;
+    for (int i = 0; i < 100000; ++i)
+        children.push_back(tree.AppendItem(parent));
+    for (std::size_t i = 0; i < children.size(); i += 2)
+        tree.DeleteItem(children[i]);
+    EXPECT_EQ(tree.GetChildCount(parent), 50000);
+    int count = 0;
+    int previous = Tree::NoItem;
+    for (int c = tree.GetItem(parent, Tree::FirstChild); c != Tree::NoItem; c = tree.GetItem(c, Tree::NextSibling)) {
+        EXPECT_EQ(tree.GetItem(c, Tree::PreviousSibling), previous);
+        previous = c;
+        ++count;
+    }
+    EXPECT_EQ(count, 50000);
+    EXPECT_EQ(tree.GetItem(parent, Tree::LastChild), children.back());
+    tree.DeleteItem(parent);
+    EXPECT_EQ(tree.GetItemCount(), 0);
+}
+
+}  // namespace
