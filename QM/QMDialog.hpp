@@ -31,9 +31,21 @@ public:
     // The user drags the dialog's border; returns whether the size changed.
     bool SimulateUserResize(short width, short height);
 
+    std::string GetHeading() const override;
+
+    // Brackets a batch of item moves and resizes (a layout pass) so that the dialog repaints once,
+    // when the outermost bracket ends. Brackets nest; an end without a begin is a precondition
+    // failure. The dialog counts the outermost brackets it closed.
+    void BeginMoveResizeItems() noexcept { ++moveResizeDepth; }
+    void EndMoveResizeItems();
+    bool IsMovingResizingItems() const noexcept { return moveResizeDepth > 0; }
+    NK::UInt64 GetMoveResizeBracketCount() const noexcept { return moveResizeBrackets; }
+
 private:
     NK::UniString title;
     GrowType growType;
+    int moveResizeDepth = 0;
+    NK::UInt64 moveResizeBrackets = 0;
 };
 
 }  // namespace QM

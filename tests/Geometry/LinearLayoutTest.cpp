@@ -1,0 +1,418 @@
+#include "WZSources/Layouting/WZLinearLayout.hpp"
+
+#include "NK/NKAssert.hpp"
+#include "QM/QMDialog.hpp"
+#include "QM/QMItem.hpp"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <random>
+#include <vector>
+
+namespace {
+
+using namespace WZ::Layouting;
+
+class RecordingDelegate : public LayoutBase::Delegate {
+public:
+    void WillCalculateLayout(const LayoutBase& layout, const QM::Rect& rect, short available) override
+    {
+        calls.push_back({&layout, rect, available});
+    }
+    struct Call {
+        const LayoutBase* layout;
+        QM::Rect rect;
+        short available;
+    };
+    std::vector<Call> calls;
+};
+
+// A client object that remembers where it was put.
+class Area : public ILayoutableItem {
+public:
+    explicit Area(QM::Item* managed = nullptr) : managed(managed) {}
+    void ApplyRect(const QM::Rect& rect) override { placed.push_back(rect); }
+    void SetVisibility(bool isVisible) override { visible = isVisible; }
+    bool IsVisible() const override { return visible; }
+    ManagedQMItems GetManagedQMItems() const override
+    {
+        ManagedQMItems items;
+        if (managed != nullptr)
+            items.Add(managed);
+        return items;
+    }
+
+    std::vector<QM::Rect> placed;
+    bool visible = true;
+    QM::Item* managed;
+};
+
+class LinearLayoutTest : public ::testing::Test {
+protected:
+    QM::Item& NewItem()
+    {
+        items.push_back(std::make_unique<QM::Item>(dialog, QM::Rect(-1, -1, -1, -1)));
+        return *items.back();
+    }
+
+    QM::Dialog dialog {"Layouts", 600, 400};
+    std::vector<std::unique_ptr<QM::Item>> items;
+    const HFixedHeight top20 {VerticalAlignment::Top, 20};
+};
+
+TEST_F(LinearLayoutTest, NewLayoutStartsEmptyWithoutGapMarginOrDelegate)
+{
+    HorizontalLinearLayout layout;
+    EXPECT_EQ(layout.GetItemCount(), 0u);
+    EXPECT_EQ(layout.GetGap(), 0);
+    EXPECT_EQ(layout.GetMargin(), Inset {});
+    EXPECT_EQ(layout.GetDelegate(), nullptr);
+    EXPECT_EQ(layout.GetGravity(), Gravity::Start);
+    EXPECT_FALSE(layout.ContainsVisible());
+    EXPECT_TRUE(layout.IsValid());
+}
+
+TEST_F(LinearLayoutTest, GravityEndPutsTheFillerFirstAndTheItemsInReverseOrder)
+{
+    QM::Item& a = NewItem();
+    QM::Item& b = NewItem();
+    HorizontalLinearLayout layout;
+    layout.Add(a, HFixedWidth {50}, top20);
+    layout.Add(b, HFixedWidth {30}, top20);
+    layout.SetGap(10);
+    layout.SetGravity(Gravity::End);
+    layout.ApplyLayout(QM::Rect(20, 5, 220, 45));
+    EXPECT_EQ(b.GetRect(), QM::Rect(130, 5, 160, 25));  // left + 110
+    EXPECT_EQ(a.GetRect(), QM::Rect(170, 5, 220, 25));  // left + 150, ends at the right edge
+}
+
+TEST_F(LinearLayoutTest, DefaultGravityPacksAtTheStartAndIgnoresTheTrailingFiller)
+{
+    QM::Item& a = NewItem();
+    QM::Item& b = NewItem();
+    HorizontalLinearLayout layout;
+    layout.Add(a, HFixedWidth {50}, top20);
+    layout.Add(b, HFixedWidth {30}, top20);
+    layout.SetGap(10);
+    layout.ApplyLayout(QM::Rect(20, 5, 220, 45));
+    EXPECT_EQ(a.GetRect(), QM::Rect(20, 5, 70, 25));
+    EXPECT_EQ(b.GetRect(), QM::Rect(80, 5, 110, 25));  // left + 60
+    // Any value but End packs at the start.
+    layout.SetGravity(static_cast<Gravity>(7));
+    layout.ApplyLayout(QM::Rect(0, 0, 200, 40));
+    EXPECT_EQ(a.GetRect().GetLeft(), 0);
+}
+
+TEST_F(LinearLayoutTest, ProportionalItemsShareTheRoomInWholePixels)
+{
+    QM::Item& a = NewItem();
+    QM::Item& b = NewItem();
+    HorizontalLinearLayout layout;
+    layout.Add(a, HProportionalWidth {1}, top20);
+    layout.Add(b, HProportionalWidth {3}, top20);
+    layout.ApplyLayout(QM::Rect(0, 0, 100, 20));
+    EXPECT_EQ(a.GetRect(), QM::Rect(0, 0, 25, 20));
+    EXPECT_EQ(b.GetRect(), QM::Rect(25, 0, 100, 20));
+    layout.ApplyLayout(QM::Rect(0, 0, 101, 20));
+    EXPECT_EQ(a.GetRect().GetWidth(), 25);
+    EXPECT_EQ(b.GetRect(), QM::Rect(25, 0, 101, 20));
+}
+
+TEST_F(LinearLayoutTest, MarginGapsAndInsetsAreTakenFromTheRoomAndToldToTheDelegate)
+{
+    QM::Item& a = NewItem();
+    QM::Item& b = NewItem();
+    HorizontalLinearLayout layout;
+    RecordingDelegate delegate;
+    layout.SetDelegate(&delegate);
+    layout.SetMargin(Inset {4, 3, 6, 5});
+    layout.SetGap(8);
+    layout.Add(a, HFixedWidth {40}, HAutoFillHeight {}, Inset {2, 1, 3, 2});
+    layout.Add(b, HProportionalWidth {1}, HAutoFillHeight {});
+    layout.ApplyLayout(QM::Rect(0, 0, 200, 50));
+
+    ASSERT_EQ(delegate.calls.size(), 1u);
+    EXPECT_EQ(delegate.calls[0].layout, &layout);
+    EXPECT_EQ(delegate.calls[0].rect, QM::Rect(0, 0, 200, 50));
+    EXPECT_EQ(delegate.calls[0].available, 200 - (8 + 6 + 4) - (2 + 3));
+    // Cross room 50 - 5 - 3 = 42; the filling item leaves its own top and bottom inset.
+    EXPECT_EQ(a.GetRect(), QM::Rect(6, 4, 46, 43));
+    EXPECT_EQ(b.GetRect(), QM::Rect(57, 3, 194, 45));  // 46 + right inset 3 + gap 8; ends at 200 - 6
+}
+
+TEST_F(LinearLayoutTest, CrossAxisAlignmentCodesDifferBetweenDirections)
+{
+    HQMItemDescriptor centred(NewItem(), HFixedWidth {10}, HFixedHeight {VerticalAlignment::Center, 20}, Inset {});
+    EXPECT_EQ(centred.GetY(45), 12);
+    EXPECT_EQ(centred.GetHeight(45), 20);
+    HQMItemDescriptor bottom(NewItem(), HFixedWidth {10}, HFixedHeight {VerticalAlignment::Bottom, 20}, Inset {});
+    EXPECT_EQ(bottom.GetY(45), 25);
+    HQMItemDescriptor code4(NewItem(), HFixedWidth {10}, HFixedHeight {static_cast<VerticalAlignment>(4), 20}, Inset {});
+    EXPECT_EQ(code4.GetY(45), 0);  // 4 is "right" across a vertical layout, nothing here
+    HQMItemDescriptor fill(NewItem(), HFixedWidth {10}, HAutoFillHeight {}, Inset {1, 3, 2, 4});
+    EXPECT_EQ(fill.GetY(45), 3);
+    EXPECT_EQ(fill.GetHeight(45), 38);
+    EXPECT_EQ(fill.GetOwnInsetsForWidth(), 3);
+    EXPECT_EQ(fill.GetOwnInsetsForHeight(), 7);
+    HQMItemDescriptor unset(NewItem(), HFixedWidth {10}, std::monostate {}, Inset {});
+    EXPECT_EQ(unset.GetY(45), 0);
+    EXPECT_EQ(unset.GetHeight(45), 0);
+
+    VQMItemDescriptor right(NewItem(), VFixedHeight {10}, VFixedWidth {HorizontalAlignment::Right, 30}, Inset {});
+    EXPECT_EQ(right.GetX(100), 70);
+    VQMItemDescriptor code2(NewItem(), VFixedHeight {10}, VFixedWidth {static_cast<HorizontalAlignment>(2), 30}, Inset {});
+    EXPECT_EQ(code2.GetX(100), 0);  // 2 is "bottom" across a horizontal layout
+    VQMItemDescriptor centre(NewItem(), VFixedHeight {10}, VFixedWidth {HorizontalAlignment::Center, 30}, Inset {});
+    EXPECT_EQ(centre.GetX(101), 35);
+    VQMItemDescriptor fillWidth(NewItem(), VFixedHeight {10}, VAutoFillWidth {}, Inset {5, 0, 7, 0});
+    EXPECT_EQ(fillWidth.GetX(100), 5);
+    EXPECT_EQ(fillWidth.GetWidth(100), 88);
+}
+
+TEST_F(LinearLayoutTest, VerticalLayoutStacksAndPacksAtTheBottomWithGravityEnd)
+{
+    QM::Item& a = NewItem();
+    QM::Item& b = NewItem();
+    VerticalLinearLayout layout;
+    layout.Add(a, VFixedHeight {20}, VFixedWidth {HorizontalAlignment::Right, 50});
+    layout.Add(b, VFixedHeight {30}, VAutoFillWidth {}, Inset {10, 0, 0, 0});
+    layout.SetGap(5);
+    layout.ApplyLayout(QM::Rect(0, 0, 100, 200));
+    EXPECT_EQ(a.GetRect(), QM::Rect(50, 0, 100, 20));
+    EXPECT_EQ(b.GetRect(), QM::Rect(10, 25, 100, 55));
+    layout.SetGravity(Gravity::End);
+    layout.ApplyLayout(QM::Rect(0, 0, 100, 200));
+    EXPECT_EQ(b.GetRect(), QM::Rect(10, 145, 100, 175));
+    EXPECT_EQ(a.GetRect(), QM::Rect(50, 180, 100, 200));
+}
+
+TEST_F(LinearLayoutTest, ItemWithoutMainPolicyIsNeitherSizedNorMoved)
+{
+    QM::Item& a = NewItem();
+    QM::Item& unsized = NewItem();
+    QM::Item& b = NewItem();
+    HorizontalLinearLayout layout;
+    layout.Add(a, HFixedWidth {30}, top20);
+    auto& unsizedDescriptor = layout.Add(unsized, std::monostate {}, top20);
+    layout.Add(b, HFixedWidth {30}, top20);
+    layout.ApplyLayout(QM::Rect(0, 0, 200, 20));
+    EXPECT_EQ(unsized.GetRect(), QM::Rect(-1, -1, -1, -1));
+    EXPECT_EQ(unsized.GetJournal().GetCount(QM::Op::Move), 0u);
+    EXPECT_EQ(b.GetRect().GetLeft(), 30);
+    EXPECT_FALSE(unsizedDescriptor.IsValid());
+    EXPECT_FALSE(layout.IsValid());
+}
+
+TEST_F(LinearLayoutTest, HiddenItemsAndSpacingTakeRoomOnlyWhileVisible)
+{
+    QM::Item& a = NewItem();
+    QM::Item& b = NewItem();
+    HorizontalLinearLayout layout;
+    layout.Add(a, HFixedWidth {30}, top20);
+    HSpacingItem& space = layout.AddSpacing(HFixedWidth {15});
+    layout.Add(b, HProportionalWidth {1}, top20);
+    layout.SetGap(5);
+    layout.ApplyLayout(QM::Rect(0, 0, 100, 20));
+    EXPECT_EQ(b.GetRect(), QM::Rect(55, 0, 100, 20));
+
+    space.Hide();
+    layout.ApplyLayout(QM::Rect(0, 0, 100, 20));
+    EXPECT_EQ(b.GetRect(), QM::Rect(35, 0, 100, 20));
+
+    a.Hide();
+    layout.ApplyLayout(QM::Rect(0, 0, 100, 20));
+    EXPECT_EQ(b.GetRect(), QM::Rect(0, 0, 100, 20));
+
+    layout.HideAll();
+    EXPECT_FALSE(layout.ContainsVisible());
+    space.Show();
+    EXPECT_FALSE(layout.ContainsVisible());  // spacing alone shows nothing
+    layout.ShowAll();
+    EXPECT_TRUE(a.IsVisible());
+    EXPECT_TRUE(b.IsVisible());
+    EXPECT_TRUE(space.IsValid());
+    EXPECT_TRUE(layout.IsValid());
+}
+
+TEST_F(LinearLayoutTest, ItemAlreadyInPlaceIsNotMovedAgain)
+{
+    QM::Item& a = NewItem();
+    HorizontalLinearLayout layout;
+    layout.Add(a, HProportionalWidth {1}, top20);
+    layout.ApplyLayout(QM::Rect(0, 0, 100, 20));
+    a.ResetJournal();
+    layout.ApplyLayout(QM::Rect(0, 0, 100, 20));
+    EXPECT_EQ(a.GetJournal().GetCount(QM::Op::Move), 0u);
+    layout.ApplyLayout(QM::Rect(0, 0, 90, 20));
+    EXPECT_EQ(a.GetJournal().GetCount(QM::Op::Move), 1u);
+}
+
+TEST_F(LinearLayoutTest, SqueezedItemsGetNoNegativeSizeAndReportNothing)
+{
+    NK::AssertCapture capture;
+    QM::Item& a = NewItem();
+    HorizontalLinearLayout layout;
+    layout.Add(a, HFixedWidth {30}, HAutoFillHeight {}, Inset {0, 10, 0, 10});
+    layout.ApplyLayout(QM::Rect(0, 0, 10, 12));  // below the minimum: the item overflows
+    EXPECT_EQ(a.GetRect(), QM::Rect(0, 10, 30, 10));
+    EXPECT_TRUE(capture.GetReports().empty());
+}
+
+TEST_F(LinearLayoutTest, LayoutableItemsAreOwnedPlacedAndShown)
+{
+    QM::Item& inner = NewItem();
+    auto area = NK::NewOwned<Area>(&inner);
+    Area& areaRef = *area;
+    VerticalLinearLayout layout;
+    auto& descriptor = layout.Add(NK::Owner<ILayoutableItem>(std::move(area)), VProportionalHeight {1}, VAutoFillWidth {});
+    layout.ApplyLayout(QM::Rect(0, 0, 80, 60));
+    ASSERT_EQ(areaRef.placed.size(), 1u);
+    EXPECT_EQ(areaRef.placed[0], QM::Rect(0, 0, 80, 60));
+    EXPECT_EQ(&descriptor.GetItem(), &areaRef);
+    EXPECT_TRUE(layout.GetManagedQMItems().Contains(&inner));
+    layout.HideAll();
+    EXPECT_FALSE(areaRef.visible);
+    layout.ApplyLayout(QM::Rect(0, 0, 80, 60));
+    EXPECT_EQ(areaRef.placed.size(), 1u);  // hidden: not placed
+}
+
+TEST_F(LinearLayoutTest, NestedLayoutsAreItemsOfTheirParent)
+{
+    QM::Item& label = NewItem();
+    QM::Item& list = NewItem();
+    QM::Item& ok = NewItem();
+    QM::Item& cancel = NewItem();
+
+    VerticalLinearLayout root;
+    root.SetGap(4);
+    auto& body = root.AddLayout(NK::NewOwned<HorizontalLinearLayout>(), VProportionalHeight {1}, VAutoFillWidth {});
+    body.GetLayout().Add(label, HFixedWidth {60}, top20);
+    body.GetLayout().Add(list, HProportionalWidth {1}, HAutoFillHeight {});
+    VHLayoutItemDescriptor& buttons =
+        root.AddLayout(NK::NewOwned<HorizontalLinearLayout>(), VFixedHeight {24}, VAutoFillWidth {});
+    buttons.GetLayout().SetGravity(Gravity::End);
+    buttons.GetLayout().SetGap(6);
+    buttons.GetLayout().Add(ok, HFixedWidth {70}, HAutoFillHeight {});
+    buttons.GetLayout().Add(cancel, HFixedWidth {70}, HAutoFillHeight {});
+
+    root.ApplyLayout(QM::Rect(0, 0, 300, 200));
+    EXPECT_EQ(label.GetRect(), QM::Rect(0, 0, 60, 20));
+    EXPECT_EQ(list.GetRect(), QM::Rect(60, 0, 300, 172));
+    EXPECT_EQ(cancel.GetRect(), QM::Rect(154, 176, 224, 200));
+    EXPECT_EQ(ok.GetRect(), QM::Rect(230, 176, 300, 200));
+
+    ManagedQMItems managed = root.GetManagedQMItems();
+    EXPECT_EQ(managed, (ManagedQMItems {&label, &list, &ok, &cancel}));
+
+    // A nested layout whose content is all hidden gives its room away.
+    buttons.Hide();
+    EXPECT_FALSE(buttons.IsVisible());
+    root.ApplyLayout(QM::Rect(0, 0, 300, 200));
+    EXPECT_EQ(list.GetRect(), QM::Rect(60, 0, 300, 200));
+    buttons.Show();
+    EXPECT_TRUE(ok.IsVisible());
+
+    // Validity looks into nested layouts.
+    EXPECT_TRUE(root.IsValid());
+    buttons.GetLayout().AddSpacing(std::monostate {});
+    EXPECT_FALSE(root.IsValid());
+}
+
+TEST_F(LinearLayoutTest, DialogLayoutRunsInsideOneMoveResizeBracket)
+{
+    QM::Item& a = NewItem();
+    HorizontalLinearLayout layout;
+    layout.Add(a, HProportionalWidth {1}, HAutoFillHeight {});
+    layout.ApplyLayout(dialog, dialog.GetClientRect());
+    EXPECT_EQ(a.GetRect(), dialog.GetClientRect());
+    EXPECT_EQ(dialog.GetMoveResizeBracketCount(), 1u);
+    EXPECT_FALSE(dialog.IsMovingResizingItems());
+}
+
+// Records the rectangle every layout was last given.
+class RectByLayout : public LayoutBase::Delegate {
+public:
+    void WillCalculateLayout(const LayoutBase& layout, const QM::Rect& rect, short) override { rects[&layout] = rect; }
+    std::map<const LayoutBase*, QM::Rect> rects;
+};
+
+// Random trees of nested layouts, where the minimums fit (nested layouts take proportional shares
+// of a root far larger than any generated minimum): every toolkit item lies inside the rectangle
+// of the layout that holds it, and that one inside the root's.
+TEST_F(LinearLayoutTest, GeneratedNestedLayoutsKeepEveryItemInsideItsLayoutsRectangle)
+{
+    std::mt19937 random(77u);
+    auto pick = [&](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
+    RectByLayout rects;
+    std::map<QM::Item*, const LayoutBase*> owner;
+
+    std::function<void(HorizontalLinearLayout&, int)> fillH;
+    std::function<void(VerticalLinearLayout&, int)> fillV;
+    fillH = [&](HorizontalLinearLayout& layout, int depth) {
+        layout.SetDelegate(&rects);
+        layout.SetGap(static_cast<short>(pick(0, 3)));
+        for (int i = pick(1, 4); i > 0; --i) {
+            if (depth < 3 && pick(0, 2) == 0) {
+                auto& nested = layout.AddLayout(NK::NewOwned<VerticalLinearLayout>(), HProportionalWidth {2}, HAutoFillHeight {});
+                fillV(nested.GetLayout(), depth + 1);
+                continue;
+            }
+            HMainPolicy main = pick(0, 1) ? HMainPolicy(HFixedWidth {static_cast<short>(pick(1, 6))})
+                                          : HMainPolicy(HProportionalWidth {static_cast<float>(pick(1, 3))});
+            HCrossPolicy cross = pick(0, 1) ? HCrossPolicy(HAutoFillHeight {})
+                                            : HCrossPolicy(HFixedHeight {static_cast<VerticalAlignment>(pick(0, 2)),
+                                                                         static_cast<short>(pick(0, 5))});
+            QM::Item& item = NewItem();
+            owner[&item] = &layout;
+            layout.Add(item, main, cross, Inset {static_cast<short>(pick(0, 1)), 0, static_cast<short>(pick(0, 1)), 0});
+        }
+    };
+    fillV = [&](VerticalLinearLayout& layout, int depth) {
+        layout.SetDelegate(&rects);
+        layout.SetGap(static_cast<short>(pick(0, 3)));
+        layout.SetGravity(pick(0, 1) ? Gravity::End : Gravity::Start);
+        for (int i = pick(1, 4); i > 0; --i) {
+            if (depth < 3 && pick(0, 2) == 0) {
+                auto& nested = layout.AddLayout(NK::NewOwned<HorizontalLinearLayout>(), VProportionalHeight {2}, VAutoFillWidth {});
+                fillH(nested.GetLayout(), depth + 1);
+                continue;
+            }
+            VMainPolicy main = pick(0, 1) ? VMainPolicy(VFixedHeight {static_cast<short>(pick(1, 6))})
+                                          : VMainPolicy(VProportionalHeight {static_cast<float>(pick(1, 3))});
+            VCrossPolicy cross = pick(0, 1) ? VCrossPolicy(VAutoFillWidth {})
+                                            : VCrossPolicy(VFixedWidth {static_cast<HorizontalAlignment>(pick(0, 2) * 2),
+                                                                        static_cast<short>(pick(0, 5))});
+            QM::Item& item = NewItem();
+            owner[&item] = &layout;
+            layout.Add(item, main, cross, Inset {0, static_cast<short>(pick(0, 1)), 0, static_cast<short>(pick(0, 1))});
+        }
+    };
+
+    for (int round = 0; round < 200; ++round) {
+        items.clear();
+        owner.clear();
+        rects.rects.clear();
+        HorizontalLinearLayout root;
+        fillH(root, 0);
+        root.SetMargin(Inset {2, 3, 4, 5});
+        QM::Rect rect(static_cast<short>(pick(0, 50)), static_cast<short>(pick(0, 50)), 0, 0);
+        rect.SetSize(static_cast<short>(pick(2600, 3000)), static_cast<short>(pick(2600, 3000)));
+        root.ApplyLayout(rect);
+        SCOPED_TRACE("round " + std::to_string(round));
+
+        ASSERT_EQ(root.GetManagedQMItems().GetSize(), owner.size());
+        for (const auto& [layout, layoutRect] : rects.rects)
+            EXPECT_TRUE(rect.Contains(layoutRect)) << layoutRect.ToString() << " outside " << rect.ToString();
+        for (const auto& [item, layout] : owner) {
+            ASSERT_EQ(rects.rects.count(layout), 1u);
+            const QM::Rect& within = rects.rects[layout];
+            EXPECT_EQ(item->GetJournal().GetCount(QM::Op::Move), 1u);
+            EXPECT_TRUE(within.Contains(item->GetRect())) << item->GetRect().ToString() << " outside " << within.ToString();
+        }
+    }
+}
+
+}  // namespace
