@@ -61,6 +61,11 @@ void Panel::ChangeClientSize(short width, short height, Origin origin)
     NotifyAll<PanelObserver>([&](PanelObserver& o) { o.PanelResized(event); });
 }
 
+std::string Panel::GetHeading() const
+{
+    return "Panel " + std::to_string(clientWidth) + "x" + std::to_string(clientHeight) + (open ? " open" : " closed");
+}
+
 short Panel::Register(Item& item) const
 {
     if (!NK_PRECOND(items.size() < static_cast<std::size_t>(std::numeric_limits<short>::max())))

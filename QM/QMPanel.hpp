@@ -11,6 +11,7 @@
 #include "QM/QMGeometry.hpp"
 #include "QM/QMItem.hpp"
 
+#include <string>
 #include <vector>
 
 namespace QM {
@@ -68,6 +69,9 @@ public:
     void SetClientSize(short width, short height) { ChangeClientSize(width, height, Origin::Program); }
 
     Item* GetFocusedItem() const noexcept { return focused; }
+
+    // The panel's line in the text form: what it is, its size and whether it is open.
+    virtual std::string GetHeading() const;
 
 protected:
     void ChangeOpenState(bool open, bool accepted, Origin origin);
