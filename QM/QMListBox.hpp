@@ -25,6 +25,7 @@
 #include "QM/QMFont.hpp"
 #include "QM/QMIcon.hpp"
 #include "QM/QMItem.hpp"
+#include "QM/QMListBoxColumns.hpp"
 
 #include <optional>
 #include <vector>
@@ -49,7 +50,7 @@ public:
     virtual void ItemDoubleClicked(const ListBoxClickEvent&) {}
 };
 
-class ListBox : public Item {
+class ListBox : public ListBoxColumns {
 public:
     enum class SelectionType : NK::UInt8 { Single, Multi };
     enum class ItemStatus : NK::UInt8 { Enabled, Disabled, Grayed };
@@ -127,7 +128,8 @@ public:
     short GetSelectedItem() const;
     short GetSelectedCount() const noexcept { return selectedCount; }
 
-    // A user clicks a row: it becomes the only selected one.
+    // A user clicks a row: it becomes the only selected one. Clicks on separators and disabled
+    // rows do nothing.
     void SimulateUserClickRow(short row);
     // A user selects exactly these rows (ctrl- and shift-clicks); in a single-selection list box
     // only one row may be given.
@@ -170,7 +172,7 @@ protected:
     };
 
     // Called after the number of tab fields changed; extensions keep their geometry in step.
-    virtual void TabFieldCountChanged(short oldCount, short newCount);
+    void TabFieldCountChanged(short oldCount, short newCount) override;
     void RenderContent(NK::Array<std::string>& lines, const std::string& indent) const override;
 
     bool IsValidRow(short row) const noexcept { return row >= 1 && row <= GetItemCount(); }

@@ -139,7 +139,7 @@ void ListBox::ReplaceSelection(const NK::Array<short>& wanted, Origin origin)
 
 void ListBox::SimulateUserClickRow(short row)
 {
-    if (!NK_PRECOND(IsValidRow(row)) || GetRow(row).separator)
+    if (!NK_PRECOND(IsValidRow(row)) || GetRow(row).separator || GetRow(row).status == ItemStatus::Disabled)
         return;
     ReplaceSelection({row}, Origin::User);
 }
@@ -151,7 +151,7 @@ void ListBox::SimulateUserSelectRows(const NK::Array<short>& rowsToSelect)
 
 void ListBox::SimulateUserDoubleClickRow(short row)
 {
-    if (!NK_PRECOND(IsValidRow(row)) || GetRow(row).separator)
+    if (!NK_PRECOND(IsValidRow(row)) || GetRow(row).separator || GetRow(row).status == ItemStatus::Disabled)
         return;
     ReplaceSelection({row}, Origin::User);
     ListBoxClickEvent event {*this, row};

@@ -136,7 +136,7 @@ public:
     int GetSelectedItem(int index = 1) const;
 
     // What a user does.
-    // Clicks a node: it becomes the only selected one.
+    // Clicks a node: it becomes the only selected one. Clicks on disabled nodes do nothing.
     void SimulateUserSelectNode(int item);
     // Selects exactly these nodes (ctrl- and shift-clicks); one at most in a single-selection tree.
     void SimulateUserSelectNodes(const NK::Array<int>& items);

@@ -131,6 +131,8 @@ void TreeView::ReplaceSelection(const NK::Array<int>& items, Origin origin)
 
 void TreeView::SimulateUserSelectNode(int item)
 {
+    if (!NK_PRECOND(IsExistingItem(item)) || NodeOf(item).status == ItemStatus::Disabled)
+        return;
     ReplaceSelection({item}, Origin::User);
 }
 
@@ -141,7 +143,7 @@ void TreeView::SimulateUserSelectNodes(const NK::Array<int>& items)
 
 void TreeView::SimulateUserDoubleClickNode(int item)
 {
-    if (!NK_PRECOND(IsExistingItem(item)))
+    if (!NK_PRECOND(IsExistingItem(item)) || NodeOf(item).status == ItemStatus::Disabled)
         return;
     ReplaceSelection({item}, Origin::User);
     TreeViewItemEvent event {*this, item, Origin::User};

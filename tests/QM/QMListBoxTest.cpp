@@ -201,6 +201,9 @@ TEST_F(QMListBoxTest, UserCannotSelectSeveralRowsOfASingleSelectionList)
     single.SimulateUserSelectRows({1, 2});
     EXPECT_EQ(capture.GetReports().size(), 1u);
     single.SimulateUserClickRow(3);  // a separator does not take a click
+    single.DisableItem(2);
+    single.SimulateUserClickRow(2);  // nor does a disabled row
+    single.SimulateUserDoubleClickRow(2);
     EXPECT_TRUE(recorder.events.empty());
     EXPECT_EQ(single.GetSelectedCount(), 0);
 }

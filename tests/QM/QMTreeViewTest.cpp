@@ -218,6 +218,9 @@ TEST_F(QMTreeViewTest, ObserversHearSelectionExpansionAndEditsWithTheirOrigin)
     multi.SelectItem(a1);  // unchanged: silent
     multi.SimulateUserSelectNode(b);
     multi.SimulateUserSelectNodes({a, b});
+    multi.SetItemStatus(a1, Tree::ItemStatus::Disabled);
+    multi.SimulateUserSelectNode(a1);  // a disabled node takes no click
+    multi.SetItemStatus(a1, Tree::ItemStatus::Enabled);
     multi.ExpandItem(a);
     multi.ExpandItem(a);  // unchanged: silent
     multi.SimulateUserCollapse(a);
