@@ -8,7 +8,7 @@
 namespace QM {
 
 ListBox::ListBox(const Panel& panel, const Rect& rect, SelectionType selectionType)
-    : Item(panel, rect, ItemType::ListBox), selectionType(selectionType)
+    : ListBoxColumns(panel, rect, ItemType::ListBox), selectionType(selectionType)
 {
 }
 
@@ -143,7 +143,10 @@ void ListBox::SetTabFieldCount(short count)
     TabFieldCountChanged(oldCount, count);
 }
 
-void ListBox::TabFieldCountChanged(short, short) {}
+void ListBox::TabFieldCountChanged(short oldCount, short newCount)
+{
+    ListBoxColumns::TabFieldCountChanged(oldCount, newCount);
+}
 
 void ListBox::SetTabItemText(short row, short tab, const NK::UniString& text)
 {
