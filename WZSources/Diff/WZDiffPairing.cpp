@@ -1,8 +1,9 @@
 #include "WZSources/Diff/WZDiffPairing.hpp"
 
-#include <cstring>
+#include "WZSources/Diff/WZIdTable.hpp"
+
+#include <algorithm>
 #include <memory>
-#include <type_traits>
 
 namespace WZ::Diff {
 
@@ -13,23 +14,40 @@ using NK::UIndex;
 using NK::UInt32;
 using NK::UInt64;
 
-static_assert(sizeof(NK::Guid) == 16 && std::is_trivially_copyable_v<NK::Guid>,
-              "the symbol table hashes a Guid by its 16 bytes");
-
 constexpr UInt32 NoSpill = 0xFFFFFFFFu;
 
-// One id of the symbol table. The stack of pending old indices sits on top of one -1 marker per
-// new occurrence; the markers are implicit (popping an empty stack gives -1). The smallest
-// pending index is kept inline and only the ones below it go to the table's shared overflow, so
-// an id that occurs once costs no allocation of its own.
-struct SymbolEntry {
-    NK::Guid id;
+// Ids are looked up in batches: the ids and hashes of a batch first, with their slots fetched,
+// then the lookups, so that the cache misses of a large table overlap instead of queueing.
+constexpr UIndex BatchSize = 16;
+
+// Calls `visit(position, entry number)` for every position of `order` (a callable giving the
+// position of step k), looking each item's id up in (or adding it to) the table.
+template <typename Item, typename Order, typename Visit>
+void LookUpAll(IdTable& table, const Item* const* items, UIndex count, Order order, Visit visit)
+{
+    NK::Guid ids[BatchSize];
+    UInt64 hashes[BatchSize];
+    for (UIndex start = 0; start < count; start += BatchSize) {
+        const UIndex size = std::min(BatchSize, count - start);
+        for (UIndex k = 0; k < size; ++k) {
+            ids[k] = items[order(start + k)]->GetId();
+            hashes[k] = IdTable::HashOf(ids[k]);
+            table.Prefetch(hashes[k]);
+        }
+        for (UIndex k = 0; k < size; ++k)
+            visit(order(start + k), table.FindOrAdd(ids[k], hashes[k]));
+    }
+}
+
+// The stack of pending old indices of one id. It sits on top of one -1 marker per new
+// occurrence; the markers are implicit (popping an empty stack gives -1). The smallest pending
+// index is kept inline and only the ones below it go to a shared overflow, so an id that occurs
+// once costs no allocation of its own.
+struct PendingStack {
     Int64 top = -1;
     UInt32 pending = 0;
     UInt32 spill = NoSpill;
-    UInt32 oldCount = 0;
-    UInt32 newCount = 0;
-    bool changed = false;
+    bool changed = false;  // some pair of the id differs in content
 };
 
 struct SpillNode {
@@ -37,94 +55,64 @@ struct SpillNode {
     UInt32 next;
 };
 
-UInt64 HashOf(const NK::Guid& id) noexcept
-{
-    UInt64 halves[2];
-    std::memcpy(halves, &id, sizeof halves);
-    UInt64 h = halves[0] * 0x9E3779B97F4A7C15ULL ^ halves[1];
-    h ^= h >> 32;
-    h *= 0xD6E8FEB86659FD93ULL;
-    h ^= h >> 32;
-    return h;
-}
-
-// Open addressing with linear probing over a power-of-two slot array, sized once for every id
-// the two sequences can bring. A slot holds the upper hash bits beside the entry number, so a
-// probe rarely has to look at an entry that is not the one sought.
-class SymbolTable {
+class PendingStacks {
 public:
-    explicit SymbolTable(UIndex maxIds)
+    explicit PendingStacks(UIndex ids) : stacks(ids) {}
+
+    PendingStack& operator[](UInt32 number)
     {
-        UIndex capacity = 16;
-        while (capacity < maxIds + maxIds / 3)
-            capacity <<= 1;
-        mask = capacity - 1;
-        slots = std::make_unique<UInt64[]>(capacity);
-        entries.reserve(maxIds);
+        if (number >= stacks.size())
+            stacks.resize(number + 1);
+        return stacks[number];
     }
 
-    UInt32 FindOrAdd(const NK::Guid& id)
+    void Push(PendingStack& stack, Int64 oldIndex)
     {
-        const UInt64 hash = HashOf(id);
-        const UInt64 tag = hash & 0xFFFFFFFF00000000ULL;
-        for (UIndex slot = static_cast<UIndex>(hash) & mask;; slot = (slot + 1) & mask) {
-            const UInt64 content = slots[slot];
-            if (content == 0) {
-                entries.push_back(SymbolEntry {id});
-                const auto number = static_cast<UInt32>(entries.size() - 1);
-                slots[slot] = tag | (UInt64 {number} + 1);
-                return number;
-            }
-            if ((content & 0xFFFFFFFF00000000ULL) == tag) {
-                const auto number = static_cast<UInt32>(content) - 1;
-                if (entries[number].id == id)
-                    return number;
-            }
+        if (stack.pending > 0) {
+            spilled.push_back(SpillNode {stack.top, stack.spill});
+            stack.spill = static_cast<UInt32>(spilled.size() - 1);
         }
+        stack.top = oldIndex;
+        ++stack.pending;
     }
 
-    SymbolEntry& operator[](UInt32 number) { return entries[number]; }
-
-    void Push(SymbolEntry& entry, Int64 oldIndex)
+    Int64 Pop(PendingStack& stack)
     {
-        if (entry.pending > 0) {
-            spilled.push_back(SpillNode {entry.top, entry.spill});
-            entry.spill = static_cast<UInt32>(spilled.size() - 1);
-        }
-        entry.top = oldIndex;
-        ++entry.pending;
-    }
-
-    Int64 Pop(SymbolEntry& entry)
-    {
-        if (entry.pending == 0)
+        if (stack.pending == 0)
             return -1;
-        const Int64 index = entry.top;
-        if (--entry.pending > 0) {
-            const SpillNode& below = spilled[entry.spill];
-            entry.top = below.index;
-            entry.spill = below.next;
+        const Int64 index = stack.top;
+        if (--stack.pending > 0) {
+            const SpillNode& below = spilled[stack.spill];
+            stack.top = below.index;
+            stack.spill = below.next;
         }
         return index;
     }
 
 private:
-    UIndex mask = 0;
-    std::unique_ptr<UInt64[]> slots;
-    std::vector<SymbolEntry> entries;
+    std::vector<PendingStack> stacks;
     std::vector<SpillNode> spilled;
 };
 
+// Both index maps of a result where one side is empty: every item is inserted or deleted.
 template <typename Item>
-void FillEverything(const NK::Array<const Item*>& items, IndexMap& indexMap, NK::HashSet<UInt64>& indices)
+void FillOneSide(const NK::Array<const Item*>& items, IndexMap::Side side, IndexMap& indexMap,
+                 NK::HashSet<UInt64>& indices)
 {
     const UIndex count = items.GetSize();
-    indexMap.Reserve(count);
+    auto table = std::make_shared<IdTable>(count);
+    std::vector<UInt32> entryOfIndex(count);
     indices.EnsureSize(count);
     for (UIndex i = 0; i < count; ++i) {
-        indexMap.Add(static_cast<Int64>(i), items[i]->GetId());
+        const UInt32 number = table->FindOrAdd(items[i]->GetId());
+        IdTable::Entry& entry = (*table)[number];
+        Int64& first = side == IndexMap::Side::Old ? entry.firstOld : entry.firstNew;
+        if (first < 0)
+            first = static_cast<Int64>(i);
+        entryOfIndex[i] = number;
         indices.Add(i);
     }
+    indexMap = IndexMap(std::move(table), side, std::move(entryOfIndex));
 }
 
 template <typename Item>
@@ -136,58 +124,59 @@ PairedResult Compare(const NK::Array<const Item*>& oldItems, const NK::Array<con
     const UIndex newCount = newItems.GetSize();
 
     if (newCount == 0) {
-        FillEverything(oldItems, result.oldIndexMap, result.deleted);
+        FillOneSide(oldItems, IndexMap::Side::Old, result.oldIndexMap, result.deleted);
         out.newIndexOfOld.assign(oldCount, -1);
         return out;
     }
     if (oldCount == 0) {
-        FillEverything(newItems, result.newIndexMap, result.inserted);
+        FillOneSide(newItems, IndexMap::Side::New, result.newIndexMap, result.inserted);
         return out;
     }
 
     const Item* const* oldContent = oldItems.GetContent();
     const Item* const* newContent = newItems.GetContent();
 
-    SymbolTable table(oldCount + newCount);
+    // Sized for lists that mostly share their ids; the table grows when they do not.
+    auto table = std::make_shared<IdTable>(std::max(oldCount, newCount) + std::min(oldCount, newCount) / 8);
     std::vector<UInt32> newEntry(newCount);
     std::vector<UInt32> oldEntry(oldCount);
+
+    LookUpAll(*table, newContent, newCount, [](UIndex k) { return k; }, [&](UIndex i, UInt32 number) {
+        IdTable::Entry& entry = (*table)[number];
+        if (entry.firstNew < 0)
+            entry.firstNew = static_cast<Int64>(i);
+        newEntry[i] = number;
+    });
+    // Descending, so that the top of every stack is the smallest old index not yet paired.
+    PendingStacks stacks(table->GetSize());
+    LookUpAll(*table, oldContent, oldCount, [oldCount](UIndex k) { return oldCount - 1 - k; },
+              [&](UIndex j, UInt32 number) {
+                  (*table)[number].firstOld = static_cast<Int64>(j);
+                  stacks.Push(stacks[number], static_cast<Int64>(j));
+                  oldEntry[j] = number;
+              });
+
     std::vector<Int64> oldOfNew(newCount, -1);
     std::vector<Int64>& newOfOld = out.newIndexOfOld;
     newOfOld.assign(oldCount, -1);
-
-    for (UIndex i = 0; i < newCount; ++i) {
-        const UInt32 number = table.FindOrAdd(newContent[i]->GetId());
-        ++table[number].newCount;
-        newEntry[i] = number;
-    }
-    // Descending, so that the top of every stack is the smallest old index not yet paired.
-    for (UIndex j = oldCount; j-- > 0;) {
-        const UInt32 number = table.FindOrAdd(oldContent[j]->GetId());
-        SymbolEntry& entry = table[number];
-        ++entry.oldCount;
-        table.Push(entry, static_cast<Int64>(j));
-        oldEntry[j] = number;
-    }
-
     UIndex pairs = 0;
     for (UIndex i = 0; i < newCount; ++i) {
-        SymbolEntry& entry = table[newEntry[i]];
-        const Int64 j = table.Pop(entry);
+        PendingStack& stack = stacks[newEntry[i]];
+        const Int64 j = stacks.Pop(stack);
         if (j < 0)
             continue;
         const Diffable& newItem = *newContent[i];
         const Diffable& oldItem = *oldContent[j];
         if (&newItem != &oldItem && !newItem.IsEqual(oldItem))
-            entry.changed = true;
+            stack.changed = true;
         oldOfNew[i] = j;
         newOfOld[static_cast<UIndex>(j)] = static_cast<Int64>(i);
         ++pairs;
     }
 
-    // deletedBefore[j]: unpaired old items before j.
+    // deletedBefore[j]: the unpaired old items before j.
     std::vector<UInt64> deletedBefore(oldCount);
     result.deleted.EnsureSize(oldCount - pairs);
-    result.oldIndexMap.Reserve(oldCount);
     UInt64 deletions = 0;
     for (UIndex j = 0; j < oldCount; ++j) {
         deletedBefore[j] = deletions;
@@ -195,27 +184,26 @@ PairedResult Compare(const NK::Array<const Item*>& oldItems, const NK::Array<con
             result.deleted.Add(j);
             ++deletions;
         }
-        result.oldIndexMap.Add(static_cast<Int64>(j), table[oldEntry[j]].id);
     }
 
     result.inserted.EnsureSize(newCount - pairs);
-    result.newIndexMap.Reserve(newCount);
     UInt64 insertions = 0;
     for (UIndex i = 0; i < newCount; ++i) {
-        const SymbolEntry& entry = table[newEntry[i]];
         const Int64 j = oldOfNew[i];
         if (j < 0) {
             result.inserted.Add(i);
             ++insertions;
-        } else {
-            const auto from = static_cast<UInt64>(j);
-            if (entry.changed)
-                result.changed.Add(from);
-            if (from - deletedBefore[from] + insertions != i)
-                result.moved.Add(Move {from, i});
+            continue;
         }
-        result.newIndexMap.Add(static_cast<Int64>(i), entry.id);
+        const auto from = static_cast<UInt64>(j);
+        if (stacks[newEntry[i]].changed)
+            result.changed.Add(from);
+        if (from - deletedBefore[from] + insertions != i)
+            result.moved.Add(Move {from, i});
     }
+
+    result.oldIndexMap = IndexMap(table, IndexMap::Side::Old, std::move(oldEntry));
+    result.newIndexMap = IndexMap(std::move(table), IndexMap::Side::New, std::move(newEntry));
     return out;
 }
 

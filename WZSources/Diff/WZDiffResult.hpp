@@ -11,7 +11,7 @@
 #include "NK/NKPointers.hpp"
 #include "NK/NKSkipMap.hpp"
 #include "NK/NKTypes.hpp"
-#include "WZSources/Diff/WZTwoWayMap.hpp"
+#include "WZSources/Diff/WZIndexMap.hpp"
 
 namespace WZ::Diff {
 
@@ -24,8 +24,6 @@ struct Move {
     // Both halves of both indices summed in 32-bit wrap-around arithmetic, `to` weighted by 65599.
     NK::UInt32 GenerateHashValue() const noexcept;
 };
-
-using IndexMap = TwoWayMap<NK::Int64>;
 
 struct Result {
     NK::HashSet<NK::UInt64> inserted;  // new indices without an old counterpart

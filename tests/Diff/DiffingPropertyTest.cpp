@@ -116,8 +116,8 @@ TEST(DiffingPropertyTest, ApplyingTheResultToTheOldSequenceYieldsTheNewOne)
         // Every index is accounted for exactly once: paired or inserted, paired or deleted.
         const auto pairs = scenario.newItems.GetSize() - result.inserted.GetSize();
         ASSERT_EQ(scenario.oldItems.GetSize() - result.deleted.GetSize(), pairs) << "seed " << seed;
-        ASSERT_EQ(result.oldIndexMap.indexToId.GetSize(), scenario.oldItems.GetSize());
-        ASSERT_EQ(result.newIndexMap.indexToId.GetSize(), scenario.newItems.GetSize());
+        ASSERT_EQ(result.oldIndexMap.GetSize(), scenario.oldItems.GetSize());
+        ASSERT_EQ(result.newIndexMap.GetSize(), scenario.newItems.GetSize());
         for (const WZ::Diff::Move& move : result.moved)
             ASSERT_EQ(scenario.oldItems[move.from]->GetId(), scenario.newItems[move.to]->GetId()) << "seed " << seed;
         // Content is compared at most once per pair, and never for a pair of one object.

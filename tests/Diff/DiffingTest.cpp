@@ -53,7 +53,7 @@ TEST_F(DiffingTest, EmptyOldSequenceInsertsEverything)
     EXPECT_EQ(InOrder(result.inserted), (std::vector<NK::UInt64> {0, 1, 2}));
     EXPECT_TRUE(result.deleted.IsEmpty() && result.changed.IsEmpty() && result.moved.IsEmpty());
     EXPECT_TRUE(result.oldIndexMap.IsEmpty());
-    EXPECT_EQ(result.newIndexMap.indexToId.GetSize(), 3u);
+    EXPECT_EQ(result.newIndexMap.GetSize(), 3u);
     EXPECT_EQ(result.newIndexMap.GetId(1), Id(2));
     EXPECT_EQ(result.newIndexMap.GetIndex(Id(1), -1), 0);  // a repeated id maps back to its first index
     EXPECT_EQ(calls.count, 0);
