@@ -1,8 +1,8 @@
 // The header of a list box: its items, their look, the header button, and what a user does
 // with them.
+#define NK_SOURCE_PATH "QM\\QMListBoxColumns"
 #include "QM/QMListBoxColumns.hpp"
 
-#define NK_SOURCE_PATH "QM\\QMListBoxColumns"
 #include "NK/NKAssert.hpp"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // Tab fields of a list box: geometry, text layout flags and the items placed on them.
+#define NK_SOURCE_PATH "QM\\QMListBoxColumns"
 #include "QM/QMListBoxColumns.hpp"
 
-#define NK_SOURCE_PATH "QM\\QMListBoxColumns"
 #include "NK/NKAssert.hpp"
 
 #include <algorithm>

@@ -1,0 +1,7 @@
+#include "WZSources/Diff/WZListBoxDecorator.hpp"
+
+namespace WZ {
+
+ListBoxDecorator::~ListBoxDecorator() = default;
+
+}  // namespace WZ

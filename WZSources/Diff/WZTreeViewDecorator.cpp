@@ -1,0 +1,7 @@
+#include "WZSources/Diff/WZTreeViewDecorator.hpp"
+
+namespace WZ {
+
+UntypedTreeViewDecorator::~UntypedTreeViewDecorator() = default;
+
+}  // namespace WZ

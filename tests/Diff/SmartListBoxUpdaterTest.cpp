@@ -1,0 +1,295 @@
+#include "DiffTestItems.hpp"
+
+#include "QM/QMDialog.hpp"
+#include "QM/QMListBox.hpp"
+#include "WZSources/Diff/WZDiff.hpp"
+#include "WZSources/Diff/WZSmartListBoxUpdater.hpp"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <map>
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+using DiffTest::Id;
+using DiffTest::TextItem;
+using Restored = WZ::SmartListBoxUpdater::SelectionKeeper::Restored;
+
+// Writes the item's text into the first tab field and counts the rows it decorated, by id.
+class TextDecorator : public WZ::ListBoxDecorator {
+public:
+    void DecorateRow(QM::ListBox& listBox, short row, const WZ::Diffable& item) const override
+    {
+        listBox.SetTabItemText(row, 1, static_cast<const TextItem&>(item).GetText().c_str());
+        ++calls[item.GetId()];
+        ++total;
+    }
+    mutable std::map<NK::Guid, int> calls;
+    mutable int total = 0;
+};
+
+// Remembers every item it was given; the test checks that none comes twice.
+class RecordingDeallocator : public WZ::SmartListBoxUpdater::ItemDeallocator {
+public:
+    explicit RecordingDeallocator(std::vector<const WZ::Diffable*>& given) : given(given) {}
+    void Deallocate(const WZ::Diffable* item) override { given.push_back(item); }
+    std::vector<const WZ::Diffable*>& given;
+};
+
+class SmartListBoxUpdaterTest : public ::testing::Test {
+protected:
+    const TextItem* Item(NK::UInt64 number, const std::string& text)
+    {
+        return &store.emplace_back(number, text);
+    }
+    const TextItem* Separator(NK::UInt64 number)
+    {
+        return &store.emplace_back(number, "", nullptr, true);
+    }
+    static NK::Array<const WZ::Diffable*> List(std::initializer_list<const TextItem*> items)
+    {
+        NK::Array<const WZ::Diffable*> list;
+        for (const TextItem* item : items)
+            list.Push(item);
+        return list;
+    }
+    // What the list box shows: the first tab field of each row, "--" for separators.
+    std::vector<std::string> Shown() const
+    {
+        std::vector<std::string> texts;
+        for (short row = 1; row <= listBox.GetItemCount(); ++row)
+            texts.push_back(listBox.IsSeparator(row) ? "--" : listBox.GetTabItemText(row, 1).ToUtf8());
+        return texts;
+    }
+    NK::UInt64 Count(QM::Op op) const { return listBox.GetJournal().GetCount(op); }
+    void ResetJournal() { const_cast<QM::Journal&>(listBox.GetJournal()).Reset(); }
+
+    std::deque<TextItem> store;
+    QM::Dialog dialog;
+    QM::ListBox listBox {dialog, QM::Rect(0, 0, 200, 400), QM::ListBox::SelectionType::Multi};
+    TextDecorator decorator;
+    WZ::SmartListBoxUpdater updater {&listBox, &decorator, nullptr};
+};
+
+TEST_F(SmartListBoxUpdaterTest, EmptyOnEmptyChangesNothing)
+{
+    auto keeper = updater.SetItems({});
+    EXPECT_EQ(listBox.GetJournal().GetTotal(), 0u);
+    EXPECT_TRUE(keeper.GetSelectedItemIds().IsEmpty());
+    EXPECT_TRUE(keeper.GetSelectedRows().IsEmpty());
+    EXPECT_EQ(keeper.RestoreByItemIds(), Restored::Nothing);
+    EXPECT_EQ(Count(QM::Op::Deselect), 1u);  // the selection is cleared in every case
+}
+
+TEST_F(SmartListBoxUpdaterTest, FirstFillInsertsDecoratesAndMapsEveryRow)
+{
+    updater.SetItems(List({Item(1, "a"), Separator(2), Item(3, "c")}));
+    EXPECT_EQ(Shown(), (std::vector<std::string> {"a", "--", "c"}));
+    EXPECT_EQ(Count(QM::Op::InsertItem), 2u);
+    EXPECT_EQ(Count(QM::Op::InsertSeparator), 1u);
+    EXPECT_EQ(decorator.total, 2);  // separators are never decorated
+    EXPECT_EQ(updater.GetRow(Id(3)), 3);
+    EXPECT_EQ(updater.GetRow(Id(99)), 0);
+    EXPECT_EQ(updater.GetId(2), Id(2));
+    EXPECT_EQ(updater.GetId(4), NK::NullGuid);
+    EXPECT_TRUE(updater.HasItem(short {1}));
+    EXPECT_FALSE(updater.HasItem(short {4}));
+    EXPECT_EQ(updater.GetItem(Id(3)), updater.GetItems()[2]);
+    EXPECT_EQ(updater.GetRow(updater.GetItems()[1]), 2);
+}
+
+TEST_F(SmartListBoxUpdaterTest, EqualContentOnlyRetargetsTheRows)
+{
+    updater.SetItems(List({Item(1, "a"), Item(2, "b"), Item(3, "c")}));
+    ResetJournal();
+    decorator.total = 0;
+    auto copies = List({Item(1, "a"), Item(2, "b"), Item(3, "c")});
+    updater.SetItems(NK::Array<const WZ::Diffable*>(copies));
+    EXPECT_EQ(listBox.GetJournal().ToString(), "SetItemObjectData=3");
+    EXPECT_EQ(decorator.total, 0);
+    for (short row = 1; row <= 3; ++row)
+        EXPECT_EQ(updater.GetItem(row), copies[static_cast<NK::UIndex>(row - 1)]);
+}
+
+TEST_F(SmartListBoxUpdaterTest, ReorderRewritesRowsInPlace)
+{
+    updater.SetItems(List({Item(1, "a"), Item(2, "b"), Item(3, "c"), Item(4, "d")}));
+    ResetJournal();
+    updater.SetItems(List({Item(4, "d"), Item(2, "b"), Item(3, "c"), Item(1, "a")}));
+    EXPECT_EQ(Shown(), (std::vector<std::string> {"d", "b", "c", "a"}));
+    EXPECT_EQ(Count(QM::Op::InsertItem) + Count(QM::Op::DeleteItem), 0u);
+    EXPECT_EQ(decorator.total, 4 + 2);  // the first fill, then the two outer rows
+    EXPECT_EQ(updater.GetRow(Id(1)), 4);
+}
+
+TEST_F(SmartListBoxUpdaterTest, SeparatorKindSwitchReplacesTheRow)
+{
+    updater.SetItems(List({Item(1, "a"), Item(2, "b"), Item(3, "c")}));
+    ResetJournal();
+    decorator.calls.clear();
+    updater.SetItems(List({Item(1, "a"), Separator(2), Item(3, "c")}));
+    EXPECT_EQ(Shown(), (std::vector<std::string> {"a", "--", "c"}));
+    EXPECT_EQ(Count(QM::Op::DeleteItem), 1u);
+    EXPECT_EQ(Count(QM::Op::InsertSeparator), 1u);
+    EXPECT_EQ(decorator.calls.count(Id(2)), 0u);
+
+    updater.SetItems(List({Item(1, "a"), Item(2, "b again"), Item(3, "c")}));
+    EXPECT_EQ(Shown(), (std::vector<std::string> {"a", "b again", "c"}));
+    EXPECT_EQ(decorator.calls[Id(2)], 1);
+    EXPECT_EQ(Count(QM::Op::InsertItem), 1u);
+}
+
+TEST_F(SmartListBoxUpdaterTest, SelectionIsRestoredById)
+{
+    updater.SetItems(List({Item(1, "a"), Item(2, "b"), Item(3, "c")}));
+    listBox.SelectItems({1, 3});
+    auto keeper = updater.SetItems(List({Item(4, "new"), Item(1, "a"), Item(2, "b")}));
+    EXPECT_EQ(keeper.GetSelectedRows(), (NK::Array<short> {1, 3}));
+    EXPECT_EQ(keeper.GetSelectedItemIds(), (NK::Array<NK::Guid> {Id(1), Id(3)}));
+    EXPECT_EQ(keeper.RestoreByItemIds(), Restored::Partial);
+    EXPECT_EQ(listBox.GetSelectedItems(), (NK::Array<short> {2}));
+    EXPECT_EQ(updater.GetSelectedItemIds(), (NK::Array<NK::Guid> {Id(1)}));
+    EXPECT_EQ(updater.GetSelectedItems(), (NK::Array<const WZ::Diffable*> {updater.GetItems()[1]}));
+
+    listBox.SelectItems({1, 3});
+    auto all = updater.SetItems(List({Item(2, "b"), Item(4, "new")}));
+    EXPECT_EQ(all.RestoreByItemIds(), Restored::All);
+    EXPECT_EQ(listBox.GetSelectedItems(), (NK::Array<short> {1, 2}));
+
+    listBox.SelectItems({1});
+    auto none = updater.SetItems(List({Item(4, "new")}));
+    EXPECT_EQ(none.RestoreByItemIds(), Restored::Nothing);
+    EXPECT_TRUE(listBox.GetSelectedItems().IsEmpty());
+}
+
+TEST_F(SmartListBoxUpdaterTest, ContainedKeepsTheOrderOfTheQuestion)
+{
+    updater.SetItems(List({Item(1, "a"), Item(2, "b")}));
+    EXPECT_TRUE(updater.GetContained({}).IsEmpty());
+    EXPECT_EQ(updater.GetContained({Id(2), Id(7), Id(1)}), (NK::Array<NK::Guid> {Id(2), Id(1)}));
+}
+
+TEST_F(SmartListBoxUpdaterTest, UpdateItemRedecoratesOneRow)
+{
+    updater.SetItems(List({Item(1, "a"), Item(2, "b")}));
+    listBox.SetTabItemText(2, 1, "scribbled");
+    decorator.total = 0;
+    updater.UpdateItem(Id(2));
+    EXPECT_EQ(Shown(), (std::vector<std::string> {"a", "b"}));
+    EXPECT_EQ(decorator.total, 1);
+}
+
+TEST_F(SmartListBoxUpdaterTest, RowsWithoutRecordsThrowNullReference)
+{
+    updater.SetItems(List({Item(1, "a")}));
+    listBox.InsertItem(QM::ListBox::LastPosition);  // somebody else's row
+    try {
+        updater.GetItem(short {2});
+        FAIL() << "no exception";
+    } catch (const NK::NullReferenceException& e) {
+        EXPECT_STREQ(e.what(), "Null reference.");
+    }
+    EXPECT_THROW(updater.GetItem(short {5}), NK::NullReferenceException);
+    EXPECT_THROW(updater.UpdateItem(Id(42)), NK::NullReferenceException);
+}
+
+TEST_F(SmartListBoxUpdaterTest, DeallocatorGetsEveryLetGoItemOnce)
+{
+    std::vector<const WZ::Diffable*> given;
+    std::vector<const WZ::Diffable*> handedOver;
+    {
+        WZ::SmartListBoxUpdater owning(&listBox, &decorator, NK::NewOwned<RecordingDeallocator>(given));
+        auto first = List({Item(1, "a"), Item(2, "b")});
+        auto second = List({Item(2, "b"), Item(3, "c"), Item(4, "d")});
+        handedOver.insert(handedOver.end(), first.begin(), first.end());
+        handedOver.insert(handedOver.end(), second.begin(), second.end());
+        owning.SetItems(std::move(first));
+        owning.SetItems(std::move(second));
+        EXPECT_EQ(given.size(), 2u);  // the whole first array, the surviving id included
+    }
+    std::multiset<const WZ::Diffable*> counted(given.begin(), given.end());
+    EXPECT_EQ(counted, std::multiset<const WZ::Diffable*>(handedOver.begin(), handedOver.end()));
+    EXPECT_EQ(listBox.GetItemCount(), 3);  // the rows stay in the control
+}
+
+TEST(SmartListBoxDefaultDeallocatorTest, DeletesTheItems)
+{
+    static int destroyed = 0;
+    struct Counted : TextItem {
+        using TextItem::TextItem;
+        ~Counted() override { ++destroyed; }
+    };
+    QM::Dialog dialog;
+    QM::ListBox listBox {dialog, QM::Rect(0, 0, 100, 100)};
+    {
+        WZ::SmartListBoxUpdater owning(&listBox, nullptr,
+                                       NK::NewOwned<WZ::SmartListBoxUpdater::DefaultDeallocator>());
+        owning.SetItems({new Counted(1, "a"), new Counted(2, "b")});
+        owning.SetItems({new Counted(1, "a")});
+        EXPECT_EQ(destroyed, 2);
+    }
+    EXPECT_EQ(destroyed, 3);
+}
+
+// Random updates of a list with separators and a few repeated ids: after each, the list box
+// shows exactly the new items, every record names its new item, and the control received no
+// other insertions and deletions than the comparison found, plus one of each per kind switch.
+TEST_F(SmartListBoxUpdaterTest, RandomUpdatesLeaveTheControlShowingTheNewItems)
+{
+    std::mt19937 random(7);
+    auto pick = [&](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
+    std::vector<std::pair<NK::UInt64, std::string>> model;  // id number and text ("" = separator)
+    for (int round = 0; round < 400; ++round) {
+        int edits = pick(0, 6);
+        for (int e = 0; e < edits; ++e) {
+            int kind = pick(0, 3);
+            auto at = [&](bool end) { return model.begin() + pick(0, static_cast<int>(model.size()) - (end ? 0 : 1)); };
+            if (kind == 0 || model.empty())
+                model.insert(at(true), {static_cast<NK::UInt64>(pick(1, 30)), pick(0, 5) == 0 ? "" : "t" + std::to_string(round)});
+            else if (kind == 1)
+                model.erase(at(false));
+            else if (kind == 2)
+                at(false)->second = pick(0, 4) == 0 ? "" : "r" + std::to_string(round);
+            else
+                std::swap(*at(false), *at(false));
+        }
+        NK::Array<const WZ::Diffable*> next;
+        std::vector<std::string> expected;
+        for (const auto& [number, text] : model) {
+            next.Push(text.empty() ? Separator(number) : Item(number, text));
+            expected.push_back(text.empty() ? "--" : text);
+        }
+        // A pair whose kind differs is unequal, so its row is rewritten and replaced once.
+        NK::Array<const WZ::Diffable*> shownBefore = updater.GetItems();
+        WZ::Diff::Result result = WZ::Diffing(shownBefore, next);
+        std::map<NK::Guid, std::vector<const WZ::Diffable*>> oldOccurrences;
+        for (const WZ::Diffable* item : shownBefore)
+            oldOccurrences[item->GetId()].push_back(item);
+        std::map<NK::Guid, std::size_t> used;
+        NK::UIndex switches = 0;
+        for (const WZ::Diffable* item : next) {
+            std::size_t k = used[item->GetId()]++;
+            const auto& olds = oldOccurrences[item->GetId()];
+            if (k < olds.size() && WZ::IsSeparatorItem(*olds[k]) != WZ::IsSeparatorItem(*item))
+                ++switches;
+        }
+
+        ResetJournal();
+        updater.SetItems(NK::Array<const WZ::Diffable*>(next));
+        ASSERT_EQ(Shown(), expected) << "round " << round;
+        const auto inserted = Count(QM::Op::InsertItem) + Count(QM::Op::InsertSeparator);
+        ASSERT_EQ(inserted, result.inserted.GetSize() + switches) << "round " << round;
+        ASSERT_EQ(Count(QM::Op::DeleteItem), result.deleted.GetSize() + switches) << "round " << round;
+        for (short row = 1; row <= listBox.GetItemCount(); ++row) {
+            ASSERT_EQ(updater.GetItem(row), next[static_cast<NK::UIndex>(row - 1)]) << "round " << round;
+            ASSERT_EQ(updater.GetId(row), next[static_cast<NK::UIndex>(row - 1)]->GetId());
+        }
+    }
+}
+
+}  // namespace

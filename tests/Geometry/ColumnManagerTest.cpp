@@ -1,0 +1,349 @@
+#include "WZSources/ColumnModel/WZColumnManager.hpp"
+
+#include "NK/NKAssert.hpp"
+#include "NK/NKResources.hpp"
+#include "QM/QMDialog.hpp"
+#include "QM/QMListBox.hpp"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <set>
+#include <vector>
+
+namespace {
+
+using Justification = QM::ListBox::Justification;
+using Truncation = QM::ListBox::Truncation;
+
+// Reaches the manager's reaction to a dragged header, which the list box views call.
+class Manager : public WZ::ColumnManager<short, short> {
+public:
+    using ColumnManagerBase::HeaderDragged;
+};
+
+class ColumnManagerTest : public ::testing::Test {
+protected:
+    ColumnManagerTest() { listBox.SetHasHeader(true); }
+
+    // Name (proportional 40/200, sizeable) | Size (fixed 60) + Date (proportional 30/100)
+    void AddThreeColumns()
+    {
+        auto& name = manager.AddHeader(1, "Name");
+        manager.AddProportionalColumn(10, name, 40, 200).SetSizeable(true).SetTruncation(Truncation::End);
+        auto& details = manager.AddHeader(2, "Details").SetArrowType(QM::ListBox::ArrowType::Down);
+        manager.AddFixedColumn(20, details, 60).SetJustification(Justification::Right);
+        manager.AddProportionalColumn(30, details, 30, 100).SetOwnerDraw(true);
+    }
+
+    std::vector<std::pair<short, short>> Tabs() const
+    {
+        std::vector<std::pair<short, short>> tabs;
+        for (short tab = 1; tab <= listBox.GetTabFieldCount(); ++tab)
+            tabs.emplace_back(listBox.GetTabFieldBeginPosition(tab), listBox.GetTabFieldEndPosition(tab));
+        return tabs;
+    }
+
+    std::vector<short> HeaderSizes() const
+    {
+        std::vector<short> sizes;
+        for (short item = 1; item <= listBox.GetHeaderItemCount(); ++item)
+            sizes.push_back(listBox.GetHeaderItemSize(item));
+        return sizes;
+    }
+
+    QM::Dialog dialog {"Columns", 600, 400};
+    QM::ListBox listBox {dialog, QM::Rect(0, 0, 330, 200)};
+    Manager manager;
+};
+
+TEST_F(ColumnManagerTest, SetupConfiguresHeaderItemsAndTabFields)
+{
+    AddThreeColumns();
+    manager.SetDraggableHeaderButtons(true);
+    manager.Setup(listBox);
+
+    EXPECT_TRUE(listBox.HasSeparatorLines());
+    EXPECT_FALSE(listBox.GetHeaderSynchronState());
+    EXPECT_FALSE(listBox.HasHeaderPushableButtons());
+    EXPECT_TRUE(listBox.HasHeaderDragableButtons());
+    ASSERT_EQ(listBox.GetHeaderItemCount(), 2);
+    EXPECT_EQ(listBox.GetHeaderItemText(1), NK::UniString("Name"));
+    EXPECT_TRUE(listBox.GetHeaderItemSizeableFlag(1));
+    EXPECT_EQ(listBox.GetHeaderItemMinSize(1), 40);
+    EXPECT_EQ(listBox.GetHeaderItemText(2), NK::UniString("Details"));
+    EXPECT_EQ(listBox.GetHeaderItemArrowType(2), QM::ListBox::ArrowType::Down);
+    EXPECT_FALSE(listBox.GetHeaderItemSizeableFlag(2));
+    EXPECT_EQ(listBox.GetHeaderItemMinSize(2), 90);
+
+    ASSERT_EQ(listBox.GetTabFieldCount(), 3);
+    EXPECT_EQ(listBox.GetTabFieldTruncation(1), Truncation::End);
+    EXPECT_EQ(listBox.GetTabFieldJustification(1), Justification::Default);
+    EXPECT_EQ(listBox.GetTabFieldJustification(2), Justification::Right);
+    EXPECT_TRUE(listBox.GetTabFieldOwnerDrawFlag(3));
+    EXPECT_FALSE(listBox.GetTabFieldOwnerDrawFlag(2));
+}
+
+TEST_F(ColumnManagerTest, SetupRemovesItemsPlacedOnTabFields)
+{
+    AddThreeColumns();
+    QM::Item edit(dialog, QM::Rect(0, 0, 10, 10));
+    listBox.SetTabFieldCount(2);
+    listBox.SetOnTabItem(2, &edit);
+    manager.Setup(listBox);
+    EXPECT_EQ(listBox.GetOnTabItem(2), nullptr);
+}
+
+TEST_F(ColumnManagerTest, HeaderPropertiesFollowItsVisibleColumns)
+{
+    AddThreeColumns();
+    WZ::HeaderDescriptorBase& details = *manager.GetHeader(2);
+    EXPECT_TRUE(details.IsVisible());
+    EXPECT_FALSE(details.IsFixed());  // one fixed, one proportional
+    EXPECT_FALSE(details.IsSizeable());
+    manager.GetColumn(30)->SetSizeable(true);
+    EXPECT_TRUE(details.IsSizeable());
+    EXPECT_EQ(details.GetColumnCount(), 2u);
+    EXPECT_EQ(details.GetWidth(), 160);
+
+    manager.GetColumn(30)->SetVisible(false);
+    EXPECT_TRUE(details.IsFixed());
+    EXPECT_FALSE(details.IsSizeable());  // the sizeable column is hidden
+    EXPECT_EQ(details.GetWidth(), 60);
+    EXPECT_EQ(details.GetMinWidth(), 60);
+
+    manager.GetColumn(20)->SetVisible(false);
+    EXPECT_FALSE(details.IsVisible());
+    EXPECT_TRUE(details.IsFixed());  // no visible column counts as fixed
+    EXPECT_EQ(details.GetWidth(), 0);
+}
+
+TEST_F(ColumnManagerTest, WidthsAreSummedOfWholePixels)
+{
+    auto& header = manager.AddHeader(1, "H");
+    manager.AddProportionalColumn(1, header, 10.7f, 20.9f);
+    manager.AddProportionalColumn(2, header, 10.7f, 20.9f);
+    EXPECT_EQ(header.GetWidth(), 40);
+    EXPECT_EQ(header.GetMinWidth(), 20);
+}
+
+TEST_F(ColumnManagerTest, HiddenHeaderGetsNoHeaderItemAndItsColumnsNoTabFields)
+{
+    AddThreeColumns();
+    manager.GetColumn(10)->SetVisible(false);
+    manager.Setup(listBox);
+    manager.Resize(listBox, false);
+    ASSERT_EQ(listBox.GetHeaderItemCount(), 1);
+    EXPECT_EQ(listBox.GetHeaderItemText(1), NK::UniString("Details"));
+    EXPECT_EQ(listBox.GetTabFieldCount(), 2);
+    EXPECT_EQ(listBox.GetTabFieldJustification(1), Justification::Right);
+    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 60}, {60, 330}}));
+    EXPECT_EQ(HeaderSizes(), (std::vector<short> {330}));
+}
+
+TEST_F(ColumnManagerTest, ResizeTilesTabFieldsAndSizesHeaderItemsToTheirColumns)
+{
+    AddThreeColumns();
+    manager.Setup(listBox);
+    manager.Resize(listBox, false);
+    // 330 - 60 fixed = 270 shared 200:100 -> 180 and 90.
+    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 180}, {180, 240}, {240, 330}}));
+    EXPECT_EQ(HeaderSizes(), (std::vector<short> {180, 150}));
+
+    // The header button takes its width off the columns' room.
+    manager.SetHeaderButtonIconToDefault();
+    manager.Setup(listBox);
+    manager.Resize(listBox, false);
+    EXPECT_EQ(listBox.GetItemWidth(), 330 - QM::ListBox::HeaderButtonWidth);
+    EXPECT_EQ(Tabs().back().second, 312);
+}
+
+TEST_F(ColumnManagerTest, ListBoxWithoutHeaderGetsTabFieldsButNoHeaderCalls)
+{
+    listBox.SetHasHeader(false);
+    AddThreeColumns();
+    listBox.ResetJournal();
+    manager.SetHeaderButtonIconToDefault();
+    manager.Setup(listBox);
+    manager.Resize(listBox, false);
+    EXPECT_EQ(listBox.GetHeaderItemCount(), 0);
+    EXPECT_EQ(listBox.GetJournal().GetCount(QM::Op::SetText), 0u);
+    EXPECT_EQ(listBox.GetTabFieldCount(), 3);
+    EXPECT_EQ(Tabs().back().second, 330);  // without a header there is no header button to leave room for
+}
+
+TEST_F(ColumnManagerTest, HeaderButtonIconIsSetOnlyWhenItDiffers)
+{
+    listBox.SetHasHeader(false);  // so that the only icon the list box gets is the button's
+    AddThreeColumns();
+    manager.SetHeaderButtonIconToDefault();
+    ASSERT_TRUE(manager.GetHeaderButtonIcon().has_value());
+    EXPECT_EQ(*manager.GetHeaderButtonIcon(), QM::Icon(NK::SharedResourceModule, 17));
+    manager.Setup(listBox);
+    EXPECT_TRUE(listBox.IsHeaderButtonEnabled());
+    EXPECT_EQ(listBox.GetHeaderButtonIcon(), QM::Icon(-4, 17));
+    EXPECT_EQ(listBox.GetJournal().GetCount(QM::Op::SetIcon), 1u);
+    manager.Setup(listBox);
+    EXPECT_EQ(listBox.GetJournal().GetCount(QM::Op::SetIcon), 1u);
+    manager.SetHeaderButtonIcon(QM::Icon(7, 3));
+    manager.Setup(listBox);
+    EXPECT_EQ(listBox.GetJournal().GetCount(QM::Op::SetIcon), 2u);
+    EXPECT_EQ(manager.GetHeaderButtonPosition(listBox), (QM::Point {330 - QM::ListBox::HeaderButtonWidth, 0}));
+}
+
+TEST_F(ColumnManagerTest, DraggedDividerIsSharedByTheHeadersColumnsAndTabsTiledAgain)
+{
+    AddThreeColumns();
+    manager.GetColumn(20)->SetSizeable(true);
+    manager.Setup(listBox);
+    manager.Resize(listBox, false);
+    ASSERT_TRUE(listBox.SimulateUserDragHeaderDivider(1, 120));
+    // The toolkit does not move the tab fields itself: synchronisation is off.
+    EXPECT_EQ(Tabs()[0], (std::pair<short, short> {0, 180}));
+    manager.HeaderResized(listBox, 1, 120);
+    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 120}, {120, 180}, {180, 270}}));
+    EXPECT_EQ(HeaderSizes(), (std::vector<short> {120, 150}));  // header items stay as dragged
+
+    ASSERT_TRUE(listBox.SimulateUserDragHeaderDivider(2, 100));
+    manager.HeaderResized(listBox, 2, 100);
+    // Details 100: fixed 60 keeps its width while the proportional one (min 30) gets the rest.
+    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 120}, {120, 180}, {180, 220}}));
+}
+
+TEST_F(ColumnManagerTest, ResizeCanKeepTheUsersColumnProportions)
+{
+    AddThreeColumns();
+    manager.Setup(listBox);
+    manager.Resize(listBox, false);
+    listBox.SetTabFieldBeginEndPosition(1, 0, 90);  // the user narrowed Name to half
+    listBox.SetTabFieldBeginEndPosition(2, 90, 150);
+    listBox.SetTabFieldBeginEndPosition(3, 150, 240);
+    listBox.Resize(390, 200);
+
+    manager.Resize(listBox, std::set<short> {1});  // Name keeps its model width (180)
+    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 220}, {220, 280}, {280, 390}}));
+
+    listBox.SetTabFieldBeginEndPosition(1, 0, 90);
+    listBox.SetTabFieldBeginEndPosition(2, 90, 150);
+    listBox.SetTabFieldBeginEndPosition(3, 150, 240);
+    manager.Resize(listBox, true);  // 90:90 read back -> equal shares of 330
+    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 165}, {165, 225}, {225, 390}}));
+
+    manager.Resize(listBox, false);  // without reading back, the model's widths decide
+    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 165}, {165, 225}, {225, 390}}));
+}
+
+TEST_F(ColumnManagerTest, DraggedHeaderTakesItsColumnsAlong)
+{
+    AddThreeColumns();
+    manager.Setup(listBox);
+    manager.Resize(listBox, false);
+    manager.HeaderDragged(listBox, 2, 1);
+    EXPECT_EQ(listBox.GetHeaderItemText(1), NK::UniString("Details"));
+    std::vector<short> order;
+    for (auto* column : manager.GetVisibleColumns())
+        order.push_back(column->GetId());
+    EXPECT_EQ(order, (std::vector<short> {20, 30, 10}));
+    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 60}, {60, 150}, {150, 330}}));
+    EXPECT_EQ(manager.GetTabIndex(10), 3);
+    EXPECT_TRUE(listBox.GetTabFieldOwnerDrawFlag(2));
+}
+
+TEST_F(ColumnManagerTest, ColumnsStayInHeaderOrderWhateverTheOrderOfAddition)
+{
+    auto& first = manager.AddHeader(1, "First");
+    auto& second = manager.AddHeader(2, "Second");
+    manager.AddFixedColumn(21, second, 10);
+    manager.AddFixedColumn(11, first, 10);
+    manager.AddFixedColumn(22, second, 10);
+    manager.AddFixedColumn(12, first, 10);
+    std::vector<short> order;
+    for (auto* column : manager.GetColumns())
+        order.push_back(column->GetId());
+    EXPECT_EQ(order, (std::vector<short> {11, 12, 21, 22}));
+    EXPECT_EQ(manager.GetColumnOfTab(3)->GetId(), 21);
+    EXPECT_EQ(manager.GetColumnOfTab(5), nullptr);
+    EXPECT_EQ(manager.GetColumn(99), nullptr);
+}
+
+TEST_F(ColumnManagerTest, DuplicateIdsAreRefusedWithAReport)
+{
+    NK::AssertCapture capture;
+    auto& header = manager.AddHeader(1, "H");
+    auto& column = manager.AddFixedColumn(5, header, 10);
+    EXPECT_EQ(&manager.AddHeader(1, "Again"), &header);
+    EXPECT_EQ(&manager.AddFixedColumn(5, header, 99), &column);
+    EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"header id is new", "column id is new"}));
+    EXPECT_EQ(manager.GetColumns().GetSize(), 1u);
+    EXPECT_EQ(header.GetText(), NK::UniString("H"));
+}
+
+TEST_F(ColumnManagerTest, StateRestoresVisibilityAndWidthsById)
+{
+    AddThreeColumns();
+    Manager::State saved = manager.GetState();
+    manager.GetColumn(10)->SetWidth(55);
+    manager.GetColumn(30)->SetVisible(false);
+    EXPECT_FALSE(manager.GetState() == saved);
+
+    Manager::State withStranger = saved;
+    withStranger.columns.Add(77, {false, 12});
+    manager.ApplyState(withStranger);
+    EXPECT_TRUE(manager.GetState() == saved);
+    EXPECT_EQ(manager.GetColumn(10)->GetWidth(), 200);
+    EXPECT_TRUE(manager.GetColumn(30)->IsVisible());
+
+    Manager::State partial;
+    partial.columns.Add(20, {false, 60});
+    manager.ApplyState(partial);
+    EXPECT_FALSE(manager.GetColumn(20)->IsVisible());
+    EXPECT_TRUE(manager.GetColumn(10)->IsVisible());
+}
+
+// Whatever the columns and the width, the tab fields tile from 0 without gaps, and when the
+// minimums fit the last one ends at the list box's item width.
+TEST_F(ColumnManagerTest, TabFieldsTileWithoutGapsAfterAnyResize)
+{
+    std::mt19937 random(4242u);
+    auto pick = [&](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
+    for (int round = 0; round < 300; ++round) {
+        Manager local;
+        float minSum = 0;
+        short columnId = 1;
+        bool anyProportional = false;
+        for (short headerId = 1, headers = static_cast<short>(pick(1, 4)); headerId <= headers; ++headerId) {
+            auto& header = local.AddHeader(headerId, "h");
+            for (int c = pick(1, 3); c > 0; --c) {
+                bool visible = pick(0, 4) != 0;
+                float minWidth = static_cast<float>(pick(5, 40));
+                float width = minWidth + static_cast<float>(pick(0, 100));
+                auto& column = pick(0, 1) ? local.AddFixedColumn(columnId++, header, width)
+                                          : local.AddProportionalColumn(columnId++, header, minWidth, width);
+                column.SetVisible(visible);
+                if (visible) {
+                    minSum += column.GetMinWidth();
+                    anyProportional = anyProportional || !column.IsFixed();
+                }
+            }
+        }
+        local.Setup(listBox);
+        listBox.Resize(static_cast<short>(pick(0, 700)), 100);
+        if (pick(0, 1))
+            local.Resize(listBox, false);
+        else
+            local.HeaderResized(listBox, 1, 0);
+        SCOPED_TRACE("round " + std::to_string(round));
+
+        short expected = 0;
+        for (short tab = 1; tab <= listBox.GetTabFieldCount() && !local.GetVisibleColumns().IsEmpty(); ++tab) {
+            EXPECT_EQ(listBox.GetTabFieldBeginPosition(tab), expected);
+            expected = listBox.GetTabFieldEndPosition(tab);
+        }
+        if (anyProportional && minSum < listBox.GetItemWidth() && listBox.GetHeaderItemCount() > 0) {
+            local.Resize(listBox, false);
+            EXPECT_EQ(listBox.GetTabFieldEndPosition(listBox.GetTabFieldCount()), listBox.GetItemWidth());
+        }
+    }
+}
+
+}  // namespace
