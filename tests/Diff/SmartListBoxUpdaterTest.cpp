@@ -156,11 +156,13 @@ TEST_F(SmartListBoxUpdaterTest, SelectionIsRestoredById)
     EXPECT_EQ(updater.GetSelectedItemIds(), (NK::Array<NK::Guid> {Id(1)}));
     EXPECT_EQ(updater.GetSelectedItems(), (NK::Array<const WZ::Diffable*> {updater.GetItems()[1]}));
 
+    listBox.DeselectItem(0);
     listBox.SelectItems({1, 3});
     auto all = updater.SetItems(List({Item(2, "b"), Item(4, "new")}));
     EXPECT_EQ(all.RestoreByItemIds(), Restored::All);
     EXPECT_EQ(listBox.GetSelectedItems(), (NK::Array<short> {1, 2}));
 
+    listBox.DeselectItem(0);
     listBox.SelectItems({1});
     auto none = updater.SetItems(List({Item(4, "new")}));
     EXPECT_EQ(none.RestoreByItemIds(), Restored::Nothing);
@@ -264,20 +266,21 @@ TEST_F(SmartListBoxUpdaterTest, RandomUpdatesLeaveTheControlShowingTheNewItems)
             next.Push(text.empty() ? Separator(number) : Item(number, text));
             expected.push_back(text.empty() ? "--" : text);
         }
-        // A pair whose kind differs is unequal, so its row is rewritten and replaced once.
+        // Rows are never moved: after the deletions and insertions each row still shows what it
+        // showed, and every row whose kind then differs from its new item's is replaced once.
         NK::Array<const WZ::Diffable*> shownBefore = updater.GetItems();
         WZ::Diff::Result result = WZ::Diffing(shownBefore, next);
-        std::map<NK::Guid, std::vector<const WZ::Diffable*>> oldOccurrences;
+        std::vector<bool> kinds;
         for (const WZ::Diffable* item : shownBefore)
-            oldOccurrences[item->GetId()].push_back(item);
-        std::map<NK::Guid, std::size_t> used;
+            kinds.push_back(WZ::IsSeparatorItem(*item));
+        std::vector<NK::UInt64> deleted(result.deleted.begin(), result.deleted.end());
+        for (auto it = deleted.rbegin(); it != deleted.rend(); ++it)
+            kinds.erase(kinds.begin() + static_cast<std::ptrdiff_t>(*it));
+        for (NK::UInt64 index : result.inserted)
+            kinds.insert(kinds.begin() + static_cast<std::ptrdiff_t>(index), WZ::IsSeparatorItem(*next[index]));
         NK::UIndex switches = 0;
-        for (const WZ::Diffable* item : next) {
-            std::size_t k = used[item->GetId()]++;
-            const auto& olds = oldOccurrences[item->GetId()];
-            if (k < olds.size() && WZ::IsSeparatorItem(*olds[k]) != WZ::IsSeparatorItem(*item))
-                ++switches;
-        }
+        for (NK::UIndex i = 0; i < next.GetSize(); ++i)
+            switches += kinds[i] != WZ::IsSeparatorItem(*next[i]) ? 1 : 0;
 
         ResetJournal();
         updater.SetItems(NK::Array<const WZ::Diffable*>(next));
