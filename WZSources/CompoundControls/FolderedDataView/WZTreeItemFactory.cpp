@@ -1,0 +1,99 @@
+#define NK_SOURCE_PATH "WZSources\\CompoundControls\\FolderedDataView\\WZTreeItemFactory"
+#include "WZSources/CompoundControls/FolderedDataView/WZTreeItemFactory.hpp"
+
+#include "NK/NKAssert.hpp"
+#include "WZSources/CompoundControls/FolderedDataView/WZFolderableListBox.hpp"
+#include "WZSources/CompoundControls/FolderedDataView/WZFolderableModelItem.hpp"
+
+#include <algorithm>
+
+namespace WZ::Folderable {
+
+TreeItemFactory::Filter::Status TreeItemFactory::Filter::GetStatus(const ModelItem&) const
+{
+    return Status::Included;
+}
+
+TreeItemFactory::Filter::~Filter() = default;
+
+TreeItemFactory::Filter::Status TreeItemFactory::SearchFilter::GetStatus(const ModelItem& item) const
+{
+    const NK::Array<NK::UniString> texts = GetSearchTexts(item);
+    if (texts.IsEmpty())
+        return Status::IncludedIfAnyChild;
+    return ListItemFactory::SearchFilter::IsMatching(searchText, texts) ? Status::Included : Status::IncludedIfAnyChild;
+}
+
+TreeItemFactory::SearchFilter::~SearchFilter() = default;
+
+void TreeItemFactory::SearchFilter::SetSearchText(const NK::UniString& text)
+{
+    searchText = text;
+}
+
+TreeItemFactory::TreeItemFactory() : itemComparator(&TreeItemFactory::CompareDisplayNames) {}
+
+TreeItemFactory::~TreeItemFactory() = default;
+
+bool TreeItemFactory::CompareDisplayNames(const TreeItem& a, const TreeItem& b)
+{
+    return NK::NaturalIsLess(a.GetDisplayName(), b.GetDisplayName(), 1);
+}
+
+void TreeItemFactory::SetItemFilter(ItemFilter filter)
+{
+    itemFilter = std::move(filter);
+}
+
+void TreeItemFactory::SetItemComparator(const ItemComparator& comparator)
+{
+    itemComparator = comparator;
+}
+
+const TreeItemFactory::Filter* TreeItemFactory::GetItemFilterPtr() const
+{
+    if (!NK_PRECOND_TEXT(!std::holds_alternative<std::monostate>(itemFilter),
+                         "!std::holds_alternative<std::monostate> (itemFilter)"))
+        NK_UNREACHABLE();
+    if (const auto* owned = std::get_if<NK::Owner<Filter>>(&itemFilter))
+        return owned->Get();
+    return std::get<const Filter*>(itemFilter);
+}
+
+NK::Array<NK::Owner<TreeItem>> TreeItemFactory::CreateTree(const NK::Array<const ModelItem*>& items)
+{
+    NK::Array<NK::Owner<TreeItem>> roots = BuildLevel(items, GetItemFilterPtr());
+    SortTreeItems(roots);
+    return roots;
+}
+
+NK::Array<NK::Owner<TreeItem>> TreeItemFactory::BuildLevel(const NK::Array<const ModelItem*>& items,
+                                                           const Filter* filter)
+{
+    NK::Array<NK::Owner<TreeItem>> result;
+    for (const ModelItem* item : items) {
+        const Filter::Status status = filter != nullptr ? filter->GetStatus(*item) : Filter::Status::Included;
+        if (status == Filter::Status::Excluded)
+            continue;
+        NK::Array<NK::Owner<TreeItem>> children;
+        if (!item->GetChildren().IsEmpty())
+            children = BuildLevel(ModelItem::ToPtrArray(item->GetChildren()), filter);
+        if (status == Filter::Status::IncludedIfAnyChild && children.IsEmpty())
+            continue;
+        NK::Owner<TreeItem> treeItem = CreateItem(*item);
+        SortTreeItems(children);
+        treeItem->SetChildren(std::move(children));
+        result.Push(std::move(treeItem));
+    }
+    return result;
+}
+
+void TreeItemFactory::SortTreeItems(NK::Array<NK::Owner<TreeItem>>& items) const
+{
+    if (!itemComparator || items.GetSize() < 2)
+        return;
+    std::sort(items.begin(), items.end(),
+              [this](const NK::Owner<TreeItem>& a, const NK::Owner<TreeItem>& b) { return itemComparator(*a, *b); });
+}
+
+}  // namespace WZ::Folderable

@@ -1,0 +1,296 @@
+#include "FDVTestModel.hpp"
+
+#include "NK/NKLogLine.hpp"
+#include "WZSources/CompoundControls/FolderedDataView/WZFolderedDataView.hpp"
+#include "WZSources/CompoundControls/FolderedDataView/WZFolderedDataViewObserver.hpp"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace {
+
+using namespace FDVTest;
+using WZ::Folderable::FolderedDataView;
+using WZ::Folderable::FolderedDataViewObserver;
+using WZ::Folderable::Selection;
+using WZ::Folderable::SelectionChangeGuard;
+
+// A view whose "control" is an in-memory selection. Like a toolkit control it reports every
+// intermediate step of a change (cleared, then each item added) while selection handling is on.
+class TestView : public WZ::Folderable::Views::View {
+public:
+    void EnableSelectionHandling() override
+    {
+        handling = true;
+        ++enabled;
+    }
+    void DisableSelectionHandling() override { handling = false; }
+    Selection GetSelection() const override { return Selection(shown); }
+    void SetSelection(const Selection& selection) override
+    {
+        shown.Clear();
+        Report();
+        for (const ModelItem* item : selection.GetItems()) {
+            shown.Push(item);
+            Report();
+        }
+        Remember();
+    }
+    // Rebuilds with handling off, then selects again the shown items that are still in the
+    // forest (by id), as a real view restores its selection.
+    void Refresh() override
+    {
+        DisableSelectionHandling();
+        ++refreshes;
+        NK::Array<const ModelItem*> kept;
+        for (const ModelItem* item : shown)
+            if (const ModelItem* found = WZ::Folderable::FindModelItemById(*GetCurrentItems(), idsOfShown[item]))
+                kept.Push(found);
+        shown = kept;
+        Remember();
+    }
+
+    // A selection change the user makes in the control.
+    void UserSelects(const Selection& selection)
+    {
+        shown = selection.GetItems();
+        Remember();
+        Report();
+    }
+    void Remember()
+    {
+        idsOfShown.clear();
+        for (const ModelItem* item : shown)
+            idsOfShown[item] = item->GetId();
+    }
+
+    NK::Array<const ModelItem*> shown;
+    std::map<const ModelItem*, NK::Guid> idsOfShown;
+    bool handling = true;
+    int enabled = 0;
+    int refreshes = 0;
+
+private:
+    void Report()
+    {
+        if (handling)
+            SendSelectionChangedEvent();
+    }
+};
+
+class Recorder : public FolderedDataViewObserver {
+public:
+    using FolderedDataViewObserver::FolderedDataViewObserver;
+    void SelectionChanged(const Selection& selection) override { events.push_back(selection); }
+    std::vector<Selection> events;
+};
+
+class SelectionGuardTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        auto owned = NK::NewOwned<TestView>();
+        view = owned.Get();
+        dataView.RegisterView(FolderedDataView::ViewMode::Initial, std::move(owned));
+        dataView.SetItems(BuildForest({{"Views", {{"Plan"}, {"Section"}}}, {"Sheets"}}));
+        recorder.events.clear();
+        view->enabled = 0;
+    }
+    const ModelItem* Item(const char* name) const
+    {
+        return WZ::Folderable::FindModelItemById(dataView.GetItems(), IdOf(name));
+    }
+
+    FolderedDataView dataView;
+    TestView* view = nullptr;
+    Recorder recorder {dataView};
+};
+
+TEST(SelectionTest, EqualOnlyWithTheSameItemsInTheSameOrder)
+{
+    NamedItem a {"a"}, b {"b"}, aTwin {"a"};
+    EXPECT_EQ(Selection({&a, &b}), Selection({&a, &b}));
+    EXPECT_NE(Selection({&a, &b}), Selection({&b, &a})) << "order counts";
+    EXPECT_NE(Selection({&a}), Selection({&aTwin})) << "addresses count, not ids";
+    EXPECT_NE(Selection({&a}), Selection({&a, &b}));
+    EXPECT_EQ(Selection(), Selection(NK::Array<const ModelItem*>()));
+    EXPECT_TRUE(Selection().IsEmpty());
+    EXPECT_FALSE(Selection({&a}).IsEmpty());
+}
+
+TEST_F(SelectionGuardTest, AUserChangeOutsideAGuardNotifiesAtOnce)
+{
+    Recorder second {dataView};
+    view->UserSelects({Item("Plan")});
+    ASSERT_EQ(recorder.events.size(), 1u);
+    EXPECT_EQ(recorder.events[0], Selection({Item("Plan")}));
+    EXPECT_EQ(second.events.size(), 1u) << "every attached observer hears it";
+
+    dataView.DetachFolderedDataViewObserver(second);
+    view->UserSelects({});
+    EXPECT_EQ(recorder.events.size(), 2u);
+    EXPECT_EQ(second.events.size(), 1u);
+}
+
+TEST_F(SelectionGuardTest, SetSelectionSendsOneEventForItsWholeBurst)
+{
+    dataView.SetSelection({Item("Plan"), Item("Sheets")});
+    ASSERT_EQ(recorder.events.size(), 1u) << "the view reported three steps";
+    EXPECT_EQ(recorder.events[0], Selection({Item("Plan"), Item("Sheets")}));
+    EXPECT_EQ(dataView.GetSelection(), recorder.events[0]);
+
+    dataView.SetSelection({Item("Plan"), Item("Sheets")});
+    EXPECT_EQ(recorder.events.size(), 1u) << "the selection already shown sends nothing";
+}
+
+TEST_F(SelectionGuardTest, NestedGuardsSendOneEventWithTheFinalSelection)
+{
+    {
+        NK::Owner<SelectionChangeGuard> guard = dataView.CreateSelectionGuard();
+        EXPECT_TRUE(guard->IsFirst());
+        dataView.SetSelection({Item("Plan")});
+        view->UserSelects({Item("Views")});
+        dataView.SetSelection({Item("Section")});
+        EXPECT_TRUE(recorder.events.empty());
+        EXPECT_EQ(view->enabled, 0) << "only the outermost guard switches handling on";
+    }
+    ASSERT_EQ(recorder.events.size(), 1u);
+    EXPECT_EQ(recorder.events[0], Selection({Item("Section")}));
+    EXPECT_EQ(view->enabled, 1);
+}
+
+TEST_F(SelectionGuardTest, ASelectionThatReturnsToItsStartSendsNothing)
+{
+    dataView.SetSelection({Item("Plan")});
+    recorder.events.clear();
+    {
+        auto guard = dataView.CreateSelectionGuard();
+        dataView.SetSelection({Item("Section"), Item("Sheets")});
+        view->UserSelects({});
+        dataView.SetSelection({Item("Plan")});
+    }
+    EXPECT_TRUE(recorder.events.empty());
+}
+
+TEST_F(SelectionGuardTest, WithoutACurrentViewGuardsSendNothing)
+{
+    FolderedDataView empty;
+    Recorder listener {empty};
+    EXPECT_EQ(empty.GetCurrentView(), nullptr);
+    {
+        auto guard = empty.CreateSelectionGuard();
+        EXPECT_TRUE(empty.IsSelectionGuardActive());
+        empty.SetSelection({Item("Plan")});
+        empty.Refresh();
+    }
+    EXPECT_FALSE(empty.IsSelectionGuardActive());
+    EXPECT_TRUE(empty.GetSelection().IsEmpty());
+    EXPECT_TRUE(listener.events.empty());
+
+    // A view registered under another mode is not current either.
+    empty.RegisterView(FolderedDataView::ViewMode::TreeAndList, NK::NewOwned<TestView>());
+    empty.SetItems(BuildForest({{"A"}}));
+    EXPECT_EQ(empty.GetCurrentView(), nullptr);
+    EXPECT_TRUE(listener.events.empty());
+}
+
+TEST_F(SelectionGuardTest, RefreshKeepingTheSelectionSendsNothingAndLosingItSendsOneEvent)
+{
+    dataView.SetSelection({Item("Plan"), Item("Sheets")});
+    recorder.events.clear();
+
+    dataView.Refresh();
+    EXPECT_TRUE(recorder.events.empty());
+    EXPECT_TRUE(view->handling) << "the guard switched selection handling back on";
+
+    // The same ids in a new forest are new items: the reselected items are other addresses.
+    dataView.SetItems(BuildForest({{"Views", {{"Plan"}}}, {"Sheets"}}));
+    ASSERT_EQ(recorder.events.size(), 1u);
+    EXPECT_EQ(recorder.events[0], Selection({Item("Plan"), Item("Sheets")}));
+
+    dataView.SetItems(BuildForest({{"Other"}}));
+    ASSERT_EQ(recorder.events.size(), 2u);
+    EXPECT_TRUE(recorder.events[1].IsEmpty());
+    EXPECT_EQ(view->refreshes, 4);
+}
+
+TEST_F(SelectionGuardTest, RegisteredViewsBorrowTheForestOfTheDataView)
+{
+    struct ForestProbe : TestView {
+        const NK::Array<NK::Owner<ModelItem>>* Forest() const { return GetCurrentItems(); }
+    };
+    auto probe = NK::NewOwned<ForestProbe>();
+    ForestProbe* registered = probe.Get();
+    dataView.RegisterView(FolderedDataView::ViewMode::TreeAndList, std::move(probe));
+    EXPECT_EQ(registered->Forest(), &dataView.GetItems());
+    EXPECT_TRUE(dataView.HasView(FolderedDataView::ViewMode::TreeAndList));
+    EXPECT_EQ(dataView.GetView(FolderedDataView::ViewMode::TreeAndList), registered);
+    EXPECT_EQ(dataView.GetViews().GetSize(), 2u);
+    EXPECT_EQ(dataView.GetCurrentView(), view);
+}
+
+TEST_F(SelectionGuardTest, CurrentControlSelectionComesFromTheView)
+{
+    struct FocusedTree : TestView {
+        NK::Array<const ModelItem*> GetItemsForCurrentControl() const override { return folder; }
+        NK::Array<const ModelItem*> folder;
+    };
+    view->UserSelects({Item("Plan")});
+    EXPECT_EQ(dataView.GetSelectionOfCurrentControl(), Selection({Item("Plan")})) << "by default, the selection";
+
+    auto tree = NK::NewOwned<FocusedTree>();
+    tree->folder = {Item("Views")};
+    dataView.RegisterView(FolderedDataView::ViewMode::Initial, std::move(tree));
+    EXPECT_EQ(dataView.GetSelectionOfCurrentControl(), Selection({Item("Views")}));
+}
+
+TEST_F(SelectionGuardTest, MisregisteredNestedGuardsAreReported)
+{
+    NK::AssertCapture asserts;
+    NK::LogCapture log;
+    auto outer = dataView.CreateSelectionGuard();
+    auto inner = dataView.CreateSelectionGuard();
+    EXPECT_FALSE(inner->IsFirst());
+    auto& first = static_cast<SelectionChangeGuard::FirstGuardImpl&>(outer->GetImpl());
+    EXPECT_EQ(first.GetNestedGuardCount(), 1u);
+
+    first.RegisterNested(&inner->GetImpl());
+    first.UnregisterNested(&first);
+    EXPECT_EQ(first.GetNestedGuardCount(), 1u);
+    ASSERT_EQ(asserts.GetReports().size(), 2u);
+    EXPECT_EQ(asserts.GetReports()[0].expression, "nestedGuards.Add (impl)");
+    EXPECT_EQ(asserts.GetReports()[0].location.function,
+              "WZ::Folderable::SelectionChangeGuard::FirstGuardImpl::RegisterNested");
+    EXPECT_EQ(asserts.GetReports()[1].expression, "nestedGuards.Delete (impl)");
+    EXPECT_EQ(asserts.GetReports()[1].location.function,
+              "WZ::Folderable::SelectionChangeGuard::FirstGuardImpl::UnregisterNested");
+
+    EXPECT_EQ(log.GetRecords().size(), 2u) << "each failed check writes the data view's error line";
+
+    inner.Clear();
+    EXPECT_EQ(first.GetNestedGuardCount(), 0u);
+}
+
+TEST_F(SelectionGuardTest, TheFirstGuardKeepsTheSelectionAtItsStart)
+{
+    view->UserSelects({Item("Sheets")});
+    auto guard = dataView.CreateSelectionGuard();
+    auto& first = static_cast<SelectionChangeGuard::FirstGuardImpl&>(guard->GetImpl());
+    EXPECT_EQ(first.GetSelectionBefore(), Selection({Item("Sheets")}));
+}
+
+using SelectionGuardDeathTest = SelectionGuardTest;
+
+TEST_F(SelectionGuardDeathTest, ReleasingTheFirstGuardBeforeAnInnerOneStops)
+{
+    EXPECT_DEATH(
+        {
+            auto outer = dataView.CreateSelectionGuard();
+            auto inner = dataView.CreateSelectionGuard();
+            outer.Clear();
+        },
+        "nestedGuards.IsEmpty");
+}
+
+}  // namespace
