@@ -45,7 +45,8 @@ public:
     // An 8-bit string as its raw bytes, not decoded.
     ErrCode Read8BitBytes(std::string& value);
 
-    // Exactly `size` bytes into `data`, or nothing.
+    // Exactly `size` bytes into `data`, or nothing. (Should the file behind a channel fail in
+    // the middle of the block, the part already read is in `data`; the error says so.)
     ErrCode ReadBlock(void* data, UIndex size);
     // Exactly `size` bytes into `block` (resized to fit), or nothing.
     ErrCode ReadBlock(std::vector<Byte>& block, UInt64 size);

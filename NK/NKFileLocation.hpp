@@ -51,7 +51,11 @@ private:
 // Kept for code that names the type by its short name.
 using Location = FileLocation;
 
-enum SpecialFolder : int { Home = 1, UserData = 2, Temporary = 3 };
+namespace SpecialFolder {
+inline constexpr int Home = 1;
+inline constexpr int UserData = 2;
+inline constexpr int Temporary = 3;
+}  // namespace SpecialFolder
 
 FileLocation GetSpecialFolder(int folderId);
 

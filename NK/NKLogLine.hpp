@@ -81,6 +81,8 @@ private:
             return static_cast<double>(value);
         else if constexpr (std::same_as<T, UniString> || std::same_as<T, Guid>)
             return value;
+        else if constexpr (std::same_as<T, const char*> || std::same_as<T, char*>)
+            return std::string(value != nullptr ? value : "(null)");
         else
             return std::string(std::string_view(value));
     }

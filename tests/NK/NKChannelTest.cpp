@@ -228,7 +228,7 @@ TEST_F(ChannelTest, AFileThatCannotBeOpenedFailsTheChannel)
     EXPECT_EQ(missing.Read(value), NK::ErrChannelIO);
     EXPECT_EQ(value, 5);
 
-    NK::FileIChannel folder(NK::FileLocation(::testing::TempDir()));
+    NK::FileIChannel folder {NK::FileLocation(::testing::TempDir())};
     EXPECT_EQ(folder.GetStatus(), NK::ErrChannelIO);
 
     NK::FileOChannel unwritable(NK::FileLocation("/nonexistent-folder-for-tests/file.bin"));
