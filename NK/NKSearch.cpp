@@ -11,29 +11,27 @@ namespace {
 constexpr char16_t FinalSigma = u'\u03C2';
 constexpr char16_t Sigma = u'\u03C3';
 
-bool IsAscii(const std::u16string& text)
-{
-    for (char16_t c : text)
-        if (c >= 0x80)
-            return false;
-    return true;
-}
-
-// Appends the lower-case form of `text` to `out`. ASCII is mapped here directly; anything else
-// goes through the base library's full Unicode lower-casing, and the final sigma (which lower
-// casing produces only at the end of a word) is folded to sigma, so that a word typed in the
-// middle of a search matches the same letters at the end of a name.
+// Appends the lower-case form of `text` to `out`. ASCII is mapped here directly, in one pass;
+// anything else goes through the base library's full Unicode lower-casing, and the final sigma
+// (which lower-casing produces only at the end of a word) is folded to sigma, so that a word
+// typed in the middle of a search matches the same letters at the end of a name.
 void AppendFolded(const UniString& text, std::u16string& out)
 {
     const std::u16string& units = text.GetUtf16();
-    if (IsAscii(units)) {
-        for (char16_t c : units)
-            out += (c >= u'A' && c <= u'Z') ? static_cast<char16_t>(c + (u'a' - u'A')) : c;
-        return;
+    const std::size_t start = out.size();
+    out.resize(start + units.size());
+    char16_t* target = out.data() + start;
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        const char16_t c = units[i];
+        if (c >= 0x80) {
+            out.resize(start);
+            const UniString lower = text.ToLowerCase();
+            for (char16_t l : lower.GetUtf16())
+                out += l == FinalSigma ? Sigma : l;
+            return;
+        }
+        target[i] = static_cast<char16_t>(c - u'A') < 26u ? static_cast<char16_t>(c + (u'a' - u'A')) : c;
     }
-    const UniString lower = text.ToLowerCase();
-    for (char16_t c : lower.GetUtf16())
-        out += c == FinalSigma ? Sigma : c;
 }
 
 bool IsWhiteSpace(char16_t c)
@@ -69,12 +67,25 @@ std::vector<std::u16string> FoldedWords(const UniString& searchText)
 void Search::Reserve(UIndex entryCount)
 {
     entries.reserve(entryCount);
+    // Room for names of a typical length, so that the text store rarely moves.
+    folded.reserve(entryCount * 24);
 }
 
 void Search::AddEntry(const Guid& key, const UniString& text)
 {
     const std::size_t offset = folded.size();
     AppendFolded(text, folded);
+    entries.push_back({key, static_cast<UInt32>(offset), static_cast<UInt32>(folded.size() - offset)});
+}
+
+void Search::AddEntry(const Guid& key, const Array<UniString>& texts)
+{
+    const std::size_t offset = folded.size();
+    for (UIndex i = 0; i < texts.GetSize(); ++i) {
+        if (i > 0)
+            folded += u' ';
+        AppendFolded(texts[i], folded);
+    }
     entries.push_back({key, static_cast<UInt32>(offset), static_cast<UInt32>(folded.size() - offset)});
 }
 

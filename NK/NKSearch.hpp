@@ -46,6 +46,8 @@ public:
     // Room for `entryCount` entries, so that adding them does not reallocate.
     void Reserve(UIndex entryCount);
     void AddEntry(const Guid& key, const UniString& text);
+    // One entry whose text is the texts joined by single spaces.
+    void AddEntry(const Guid& key, const Array<UniString>& texts);
     UIndex GetEntryCount() const noexcept { return entries.size(); }
     void Clear() noexcept;
 

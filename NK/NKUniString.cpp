@@ -211,6 +211,34 @@ int NaturalCompare(const UniString& a, const UniString& b, int caseComparison)
     return r == UCOL_LESS ? -1 : (r == UCOL_GREATER ? 1 : 0);
 }
 
+std::string NaturalSortKey(const UniString& text, int caseComparison)
+{
+    const std::u16string& units = text.GetUtf16();
+    icu::Collator* collator = NaturalCollator(caseComparison == 1);
+    if (collator == nullptr) {
+        // Without a collator NaturalCompare falls back to code-unit order; big-endian units
+        // compare the same way byte by byte.
+        std::string key;
+        key.reserve(units.size() * 2);
+        for (char16_t c : units) {
+            key += static_cast<char>(c >> 8);
+            key += static_cast<char>(c & 0xFF);
+        }
+        return key;
+    }
+    const auto* chars = reinterpret_cast<const UChar*>(units.data());
+    const auto length = static_cast<int32_t>(units.size());
+    std::string key(units.size() * 2 + 16, '\0');
+    int32_t needed = collator->getSortKey(chars, length, reinterpret_cast<uint8_t*>(key.data()), static_cast<int32_t>(key.size()));
+    if (needed > static_cast<int32_t>(key.size())) {
+        key.resize(static_cast<std::size_t>(needed));
+        needed = collator->getSortKey(chars, length, reinterpret_cast<uint8_t*>(key.data()), needed);
+    }
+    // The key ends with a zero byte, which is not part of the comparison.
+    key.resize(needed > 0 ? static_cast<std::size_t>(needed - 1) : 0);
+    return key;
+}
+
 bool NaturalIsLess(const UniString& a, const UniString& b, int caseComparison)
 {
     return NaturalCompare(a, b, caseComparison) < 0;

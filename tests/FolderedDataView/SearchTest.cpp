@@ -82,6 +82,20 @@ TEST_F(SearchTest, KeysAreFoundOnceEachWhateverTheirEntries)
     EXPECT_TRUE(search.Run("").IsEmpty());
 }
 
+TEST_F(SearchTest, AnEntryOfSeveralTextsIsTheirSpaceJoinedText)
+{
+    NK::Search joined;
+    joined.AddEntry(Key(1), NK::Array<NK::UniString> {"Window", "DOUBLE hung"});
+    joined.AddEntry(Key(2), NK::Array<NK::UniString> {"Ε", "ΟΔΟΣ"});
+    EXPECT_TRUE(joined.Run("w d").Contains(Key(1))) << "the joining space separates like any other";
+    EXPECT_TRUE(joined.Run("hung window").Contains(Key(1)));
+    EXPECT_TRUE(joined.Run("w double").Contains(Key(1)));
+    EXPECT_FALSE(joined.Run("windowdouble").Contains(Key(1)));
+    EXPECT_TRUE(joined.Run("ε οδοσ").Contains(Key(2)));
+    EXPECT_TRUE(joined.Run("window d").Contains(Key(1)));
+    EXPECT_EQ(joined.CountMatches("window double"), 1u);
+}
+
 TEST_F(SearchTest, SplitsASearchTextIntoLowerCaseWords)
 {
     auto words = NK::Search::SplitIntoWords("  Wall \u00A0ΟΔΟΣ  ");

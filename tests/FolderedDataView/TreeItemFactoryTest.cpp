@@ -200,3 +200,34 @@ TEST_F(TreeItemFactoryTest, CombinedFilterNeedsTheItemFilterToIncludeExactly)
 }
 
 }  // namespace
+
+namespace {
+
+// The default order is made from collation keys; it must agree with comparing pairs.
+TEST_F(TreeItemFactoryTest, DefaultOrderAgreesWithNaturalComparisonOfNames)
+{
+    const std::vector<std::string> names = {
+        "Level 10", "level 9", "Level 1", "LEVEL 01 b", "Level -2", "Section A-A", "section a-b", "Élévation",
+        "Elevation", "elevation 2", "3D View", "3d view 12", "_Archive", "Detail 100", "Detail 20", "Ωmega",
+        "Zone", "zone 2", "Zone 10", "a", "A", "", " leading blank", "Sheet A-101", "Sheet A-99",
+    };
+    std::vector<Node> nodes;
+    for (const std::string& name : names)
+        nodes.push_back(Node(name));
+    forest = BuildForest(nodes);
+
+    const auto tree = Create(nullptr);
+    ASSERT_EQ(tree.GetSize(), names.size());
+    for (NK::UIndex i = 1; i < tree.GetSize(); ++i)
+        EXPECT_FALSE(NK::NaturalIsLess(tree[i]->GetDisplayName(), tree[i - 1]->GetDisplayName(), 1))
+            << tree[i]->GetDisplayName() << " sorted after " << tree[i - 1]->GetDisplayName();
+
+    // The same comparison through a comparator of the client's sorts pair by pair.
+    factory.SetItemComparator([](const TreeItem& a, const TreeItem& b) { return TreeItemFactory::CompareDisplayNames(a, b); });
+    const auto pairwise = Create(nullptr);
+    for (NK::UIndex i = 0; i < tree.GetSize(); ++i)
+        EXPECT_EQ(NK::NaturalCompare(tree[i]->GetDisplayName(), pairwise[i]->GetDisplayName(), 1), 0)
+            << tree[i]->GetDisplayName() << " / " << pairwise[i]->GetDisplayName() << " at " << i;
+}
+
+}  // namespace

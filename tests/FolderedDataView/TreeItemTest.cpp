@@ -2,6 +2,9 @@
 
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableHierarchicalItemId.hpp"
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableHierarchicalTreeItem.hpp"
+#include "WZSources/CompoundControls/FolderedDataView/WZFolderableTreeViewDecorator.hpp"
+#include "QM/QMPanel.hpp"
+#include "QM/QMTreeView.hpp"
 
 #include <gtest/gtest.h>
 
@@ -145,6 +148,37 @@ TEST_F(TreeItemTest, RowIdsCompareByGuidAndContentByItem)
     EXPECT_FALSE(sameContent(id, otherId));
     EXPECT_FALSE(sameContent(id, root));
     EXPECT_FALSE(sameContent(root, id));
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(TreeItemTest, DecoratorWritesIconNameAndStyleButNoColours)
+{
+    QM::Panel panel(200, 200);
+    QM::TreeView tree(panel, QM::Rect(0, 0, 200, 200));
+    const int node = tree.AppendItem(QM::TreeView::RootItem);
+    WZ::Folderable::TreeViewDecorator decorator;
+    WZ::UntypedTreeViewDecorator& untyped = decorator;
+
+    Look look;
+    look.background = QM::Color(1, 2, 3);
+    untyped.Decorate(tree, node, *Make(look));
+    EXPECT_EQ(tree.GetItemText(node), NK::UniString("Ground Floor"));
+    EXPECT_EQ(tree.GetItemNormalIcon(node), QM::Icon(5, 12));
+    EXPECT_EQ(tree.GetItemFontStyle(node), QM::Font::Bold);
+    EXPECT_FALSE(tree.GetItemColor(node).has_value());
+    EXPECT_FALSE(tree.GetItemBackgroundColor(node).has_value());
+
+    Look plain;
+    plain.name = "Roof";
+    plain.icon.reset();
+    plain.style = QM::Font::Plain;
+    untyped.Decorate(tree, node, *Make(plain));
+    EXPECT_EQ(tree.GetItemText(node), NK::UniString("Roof"));
+    EXPECT_EQ(tree.GetItemNormalIcon(node), QM::Icon(5, 12)) << "an item without icon leaves the node's icon";
+    EXPECT_EQ(tree.GetItemFontStyle(node), QM::Font::Plain);
 }
 
 }  // namespace

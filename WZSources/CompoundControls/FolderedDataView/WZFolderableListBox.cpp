@@ -44,8 +44,9 @@ NK::Array<const ModelItem*> ListItemFactory::SearchFilter::FilterItems(const NK:
     search.Reserve(items.GetSize());
     for (const ModelItem* item : items) {
         const NK::Array<NK::UniString> texts = GetSearchTexts(*item);
+        // Entered as ConcatenateSearchTexts would join them, without building the joined text.
         if (!texts.IsEmpty())
-            search.AddEntry(item->GetId(), ConcatenateSearchTexts(texts));
+            search.AddEntry(item->GetId(), texts);
     }
     const NK::SearchResult found = search.Run(searchText);
     NK::Array<const ModelItem*> result;
@@ -60,9 +61,10 @@ NK::UniString ListItemFactory::SearchFilter::ConcatenateSearchTexts(const NK::Ar
 {
     if (texts.IsEmpty())
         return {};
+    const NK::UniString space(u" ");
     NK::UniString joined = texts[0];
     for (NK::UIndex i = 1; i < texts.GetSize(); ++i)
-        joined.Append(" ").Append(texts[i]);
+        joined.Append(space).Append(texts[i]);
     return joined;
 }
 

@@ -6,8 +6,33 @@
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableModelItem.hpp"
 
 #include <algorithm>
+#include <numeric>
+#include <string>
+#include <vector>
 
 namespace WZ::Folderable {
+
+namespace {
+
+// The default order by collation keys made once per item: the same order as comparing every
+// pair with NK::NaturalIsLess, at a fraction of the cost for a level of many siblings.
+void SortByDisplayNameKeys(NK::Array<NK::Owner<TreeItem>>& items)
+{
+    std::vector<std::string> keys;
+    keys.reserve(items.GetSize());
+    for (const NK::Owner<TreeItem>& item : items)
+        keys.push_back(NK::NaturalSortKey(item->GetDisplayName(), 1));
+    std::vector<NK::UIndex> order(items.GetSize());
+    std::iota(order.begin(), order.end(), NK::UIndex {0});
+    std::sort(order.begin(), order.end(), [&keys](NK::UIndex a, NK::UIndex b) { return keys[a] < keys[b]; });
+    NK::Array<NK::Owner<TreeItem>> sorted;
+    sorted.SetCapacity(items.GetSize());
+    for (NK::UIndex index : order)
+        sorted.Push(std::move(items[index]));
+    items = std::move(sorted);
+}
+
+}  // namespace
 
 TreeItemFactory::Filter::Status TreeItemFactory::Filter::GetStatus(const ModelItem&) const
 {
@@ -92,6 +117,11 @@ void TreeItemFactory::SortTreeItems(NK::Array<NK::Owner<TreeItem>>& items) const
 {
     if (!itemComparator || items.GetSize() < 2)
         return;
+    using Function = bool (*)(const TreeItem&, const TreeItem&);
+    if (const Function* function = itemComparator.target<Function>(); function != nullptr && *function == &CompareDisplayNames) {
+        SortByDisplayNameKeys(items);
+        return;
+    }
     std::sort(items.begin(), items.end(),
               [this](const NK::Owner<TreeItem>& a, const NK::Owner<TreeItem>& b) { return itemComparator(*a, *b); });
 }
