@@ -11,6 +11,7 @@ namespace {
 
 constexpr const char* itemTypeNames[] = {
     "UserItem", "StaticText", "Button", "Edit", "SearchEdit", "ListBox", "TreeView", "TabControl", "ListView", "TableView",
+    "PopUpControl", "Splitter",
 };
 
 }  // namespace

@@ -32,6 +32,8 @@ enum class ItemType : NK::UInt8 {
     TabControl,
     ListView,
     TableView,
+    PopUpControl,
+    Splitter,
 };
 
 const char* GetItemTypeName(ItemType type) noexcept;

@@ -1,0 +1,374 @@
+#include "TableTestModel.hpp"
+
+#include "NK/NKAssert.hpp"
+#include "QM/QMDialog.hpp"
+#include "QM/QMTextRenderer.hpp"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace QMViewsTest;
+using Names = std::vector<std::string>;
+
+// Project(Views(Plan, Section(Detail)), Sheets), Notes
+Forest SampleForest()
+{
+    return Kids(N(1, "Project", Kids(N(2, "Views", Kids(N(3, "Plan"), N(4, "Section", Kids(N(5, "Detail"))))), N(6, "Sheets"))),
+                N(7, "Notes"));
+}
+
+class HierarchicalTableViewTest : public ::testing::Test {
+protected:
+    HierarchicalTableViewTest()
+    {
+        table.SetDataProvider(&provider);
+        table.SetDelegate(&delegate);
+        provider.Replace(SampleForest(), table);
+        table.ResetJournal();
+    }
+
+    std::string Render() const { return QM::TextRenderer::Join(QM::TextRenderer::RenderItem(table)); }
+
+    QM::Dialog dialog {"Project browser", 400, 300};
+    Table table {dialog, QM::Rect(0, 0, 300, 200)};
+    Provider provider;
+    RecordingDelegate delegate;
+};
+
+TEST_F(HierarchicalTableViewTest, ReloadLoadsEveryRowFromTheVirtualRoot)
+{
+    EXPECT_EQ(table.GetNodeCount(), 7);
+    EXPECT_EQ(provider.childrenRequests, 8);  // the virtual root and each of the seven rows
+    EXPECT_EQ(NamesOf(table.GetAllNodes()), (Names {"Project", "Views", "Plan", "Section", "Detail", "Sheets", "Notes"}));
+    EXPECT_EQ(NamesOf(table.GetTopLevelNodes()), (Names {"Project", "Notes"}));
+    EXPECT_EQ(NamesOf(table.GetChildNodes(IdOf(2))), (Names {"Plan", "Section"}));
+    EXPECT_EQ(NamesOf(table.GetChildNodes(rootId)), (Names {"Project", "Notes"}));
+    EXPECT_EQ(RecordingDelegate::NameOf(*table.GetParentNode(IdOf(5))), "Section");
+    EXPECT_FALSE(table.GetParentNode(IdOf(1)).has_value());
+    EXPECT_TRUE(table.ContainsNode(IdOf(5)));
+    EXPECT_FALSE(table.ContainsNode(IdOf(99)));
+    // Rows in closed folders are loaded but not displayed.
+    EXPECT_EQ(NamesOf(table.GetDisplayedNodes()), (Names {"Project", "Notes"}));
+    EXPECT_EQ(Render(), "#1 TableView (0, 0, 300, 200)\n"
+                        "    [+] [icon(1:7)] Project\n"
+                        "        Notes\n");
+}
+
+TEST_F(HierarchicalTableViewTest, UnchangedRowsKeepExpansionAndSelectionAcrossAReload)
+{
+    table.ExpandNode(IdOf(1));
+    table.ExpandNode(IdOf(2));
+    table.SelectNodes(NK::Array<NK::Guid> {IdOf(3), IdOf(7)});
+    delegate.events.clear();
+    table.ResetJournal();
+
+    // Fresh node objects with the same names: equal in content. Notes is gone, Archive is new.
+    provider.Replace(Kids(N(1, "Project", Kids(N(2, "Views", Kids(N(3, "Plan"), N(4, "Section", Kids(N(5, "Detail"))))),
+                                              N(6, "Sheets"), N(8, "Archive")))),
+                     table);
+
+    EXPECT_TRUE(table.IsNodeExpanded(IdOf(1)));
+    EXPECT_TRUE(table.IsNodeExpanded(IdOf(2)));
+    EXPECT_EQ(NamesOf(table.GetSelectedNodes()), (Names {"Plan"}));
+    EXPECT_EQ(delegate.events, (Names {"selection"}));  // Notes left the selection
+    const QM::Journal& journal = table.GetJournal();
+    EXPECT_EQ(journal.GetCount(QM::Op::InsertItem), 1u);
+    EXPECT_EQ(journal.GetCount(QM::Op::DeleteItem), 1u);
+    EXPECT_EQ(journal.GetCount(QM::Op::RedrawItem), 0u);
+    // The keys now point at the new nodes.
+    EXPECT_EQ(table.GetSelectedNodes()[0].node, provider.forest[0]->children[0]->children[0].get());
+    EXPECT_EQ(Render(), "#1 TableView (0, 0, 300, 200)\n"
+                        "    [-] [icon(1:7)] Project\n"
+                        "      [-] [icon(1:7)] Views\n"
+                        "  *         Plan\n"
+                        "        [+] [icon(1:7)] Section\n"
+                        "          Sheets\n"
+                        "          Archive\n");
+}
+
+TEST_F(HierarchicalTableViewTest, ARowWhoseContentChangedIsRewrittenAsNew)
+{
+    table.ExpandNode(IdOf(1));
+    table.ExpandNode(IdOf(2));
+    table.SelectNodes(NK::Array<NK::Guid> {IdOf(2), IdOf(3)});
+    delegate.events.clear();
+    table.ResetJournal();
+
+    Forest renamed = SampleForest();
+    renamed[0]->children[0]->name = "Model views";
+    provider.Replace(std::move(renamed), table);
+
+    EXPECT_FALSE(table.IsNodeExpanded(IdOf(2)));
+    EXPECT_FALSE(table.IsNodeSelected(IdOf(2)));
+    // Its children are matched in their own right.
+    EXPECT_TRUE(table.IsNodeSelected(IdOf(3)));
+    EXPECT_TRUE(table.IsNodeExpanded(IdOf(1)));
+    EXPECT_EQ(table.GetJournal().GetCount(QM::Op::RedrawItem), 1u);
+    EXPECT_EQ(table.GetJournal().GetCount(QM::Op::InsertItem), 0u);
+    EXPECT_EQ(delegate.events, (Names {"selection"}));
+    EXPECT_EQ(NamesOf(table.GetDisplayedNodes()), (Names {"Project", "Model views", "Sheets", "Notes"}));
+}
+
+TEST_F(HierarchicalTableViewTest, ReorderedSiblingsKeepTheirStateAndTakeTheNewOrder)
+{
+    table.ExpandNode(IdOf(1));
+    table.ExpandNode(IdOf(4));
+    table.SelectNode(IdOf(6));
+    table.ResetJournal();
+
+    provider.Replace(Kids(N(7, "Notes"), N(1, "Project", Kids(N(6, "Sheets"), N(2, "Views", Kids(N(4, "Section", Kids(N(5, "Detail"))), N(3, "Plan")))))),
+                     table);
+
+    EXPECT_EQ(NamesOf(table.GetAllNodes()), (Names {"Notes", "Project", "Sheets", "Views", "Section", "Detail", "Plan"}));
+    EXPECT_TRUE(table.IsNodeExpanded(IdOf(1)));
+    EXPECT_TRUE(table.IsNodeExpanded(IdOf(4)));
+    EXPECT_TRUE(table.IsNodeSelected(IdOf(6)));
+    EXPECT_EQ(table.GetJournal().GetCount(QM::Op::InsertItem), 0u);
+    EXPECT_EQ(table.GetJournal().GetCount(QM::Op::DeleteItem), 0u);
+}
+
+TEST_F(HierarchicalTableViewTest, ARemovedRowTakesItsSubtreeAndItsStateWithIt)
+{
+    table.ExpandNode(IdOf(4));
+    table.SelectNode(IdOf(5));
+    delegate.events.clear();
+    table.ResetJournal();
+
+    provider.Replace(Kids(N(1, "Project", Kids(N(2, "Views", Kids(N(3, "Plan"))), N(6, "Sheets"))), N(7, "Notes")), table);
+
+    EXPECT_EQ(table.GetNodeCount(), 5);
+    EXPECT_FALSE(table.ContainsNode(IdOf(5)));
+    EXPECT_EQ(table.GetSelectedNodeCount(), 0);
+    EXPECT_EQ(table.GetJournal().GetCount(QM::Op::DeleteItem), 1u);  // one subtree
+    EXPECT_EQ(delegate.events, (Names {"selection"}));
+
+    // Coming back, the row is new: closed and not selected.
+    provider.Replace(SampleForest(), table);
+    EXPECT_FALSE(table.IsNodeExpanded(IdOf(4)));
+    EXPECT_FALSE(table.IsNodeSelected(IdOf(5)));
+}
+
+TEST_F(HierarchicalTableViewTest, ExpandAllOpensEveryFolderAndCollapseAllClosesThem)
+{
+    table.ExpandAllNodes();
+    EXPECT_EQ(NamesOf(table.GetExpandedNodes()), (Names {"Project", "Views", "Section"}));
+    EXPECT_EQ(delegate.events, (Names {"open Project", "open Views", "open Section"}));
+    EXPECT_EQ(table.GetDisplayedRowCount(), 7);
+
+    delegate.events.clear();
+    table.ExpandAllNodes();  // nothing left to open
+    EXPECT_TRUE(delegate.events.empty());
+
+    table.CollapseAllNodes();
+    EXPECT_TRUE(table.GetExpandedNodes().IsEmpty());
+    EXPECT_EQ(delegate.events.size(), 3u);
+    EXPECT_EQ(NamesOf(table.GetDisplayedNodes()), (Names {"Project", "Notes"}));
+    EXPECT_EQ(table.GetJournal().GetCount(QM::Op::Expand), 2u);
+    EXPECT_EQ(table.GetJournal().GetCount(QM::Op::Collapse), 1u);
+}
+
+TEST_F(HierarchicalTableViewTest, SelectedNodesComeInDisplayOrderWhateverTheOrderOfSelecting)
+{
+    table.SelectNode(IdOf(7));
+    table.SelectNode(IdOf(5));  // inside closed folders
+    table.SelectNodes(NK::Array<NK::Guid> {IdOf(6), IdOf(1)});
+    EXPECT_EQ(NamesOf(table.GetSelectedNodes()), (Names {"Project", "Detail", "Sheets", "Notes"}));
+    EXPECT_EQ(delegate.events, (Names {"selection", "selection", "selection"}));
+
+    table.SelectNode(IdOf(5));  // already selected: no notification
+    table.DeselectNode(IdOf(1));
+    EXPECT_EQ(NamesOf(table.GetSelectedNodes()), (Names {"Detail", "Sheets", "Notes"}));
+    table.ClearSelection();
+    table.ClearSelection();
+    EXPECT_EQ(table.GetSelectedNodeCount(), 0);
+    EXPECT_EQ(delegate.events.size(), 5u);
+}
+
+TEST(HierarchicalTableViewSingleSelectionTest, SelectingReplacesAndSeveralRowsAreRefused)
+{
+    QM::Dialog dialog;
+    Table table {dialog, QM::Rect(0, 0, 200, 200), Table::SelectionType::Single};
+    Provider provider;
+    table.SetDataProvider(&provider);
+    provider.Replace(SampleForest(), table);
+
+    table.SelectNode(IdOf(3));
+    table.SelectNode(IdOf(7));
+    EXPECT_EQ(NamesOf(table.GetSelectedNodes()), (Names {"Notes"}));
+    NK::AssertCapture capture;
+    table.SelectNodes(NK::Array<NK::Guid> {IdOf(3), IdOf(6)});
+    EXPECT_EQ(capture.GetExpressions(), (Names {"selectionType == SelectionType::Multi || selection.size() <= 1"}));
+    EXPECT_EQ(NamesOf(table.GetSelectedNodes()), (Names {"Notes"}));
+}
+
+TEST_F(HierarchicalTableViewTest, UnknownIdsAreRefusedWithNothingChanged)
+{
+    table.SelectNode(IdOf(3));
+    delegate.events.clear();
+    NK::AssertCapture capture;
+    table.ExpandNode(IdOf(42));
+    table.SelectNode(IdOf(42));
+    table.SelectNodes(NK::Array<NK::Guid> {IdOf(6), IdOf(42)});  // all or nothing
+    table.ScrollToNode(IdOf(42));
+    table.BeginNodeTextEdit(IdOf(42));
+    EXPECT_EQ(capture.GetReports().size(), 5u);
+    EXPECT_EQ(capture.GetReports()[0].location.function, "QM::HierarchicalTableView::RowsToChange");
+    EXPECT_EQ(capture.GetReports()[0].location.file, "QM\\QMHierarchicalTableView");
+    EXPECT_EQ(NamesOf(table.GetSelectedNodes()), (Names {"Plan"}));
+    EXPECT_TRUE(table.GetExpandedNodes().IsEmpty());
+    EXPECT_FALSE(table.GetEditedNode().has_value());
+    EXPECT_TRUE(delegate.events.empty());
+    // Queries are answered without a report.
+    EXPECT_FALSE(table.IsNodeExpanded(IdOf(42)));
+    EXPECT_FALSE(table.IsNodeSelected(IdOf(42)));
+    EXPECT_FALSE(table.GetRowIndex(IdOf(42)).has_value());
+    EXPECT_EQ(capture.GetReports().size(), 5u);
+}
+
+TEST_F(HierarchicalTableViewTest, ScrollingToANodeOpensItsFoldersAndBringsItOnScreen)
+{
+    table.Resize(300, 20 + 2 * QM::UntypedHierarchicalTableView::RowHeight);  // two rows below the header
+    EXPECT_EQ(table.GetVisibleRowCount(), 2);
+    EXPECT_FALSE(table.GetRowIndex(IdOf(5)).has_value());
+
+    table.ScrollToNode(IdOf(5));
+    EXPECT_EQ(delegate.events, (Names {"open Project", "open Views", "open Section"}));
+    EXPECT_EQ(table.GetRowIndex(IdOf(5)), 4);
+    EXPECT_EQ(table.GetScrollPosition(), 3);  // rows 3 and 4 on screen
+
+    table.ScrollToNode(IdOf(1));
+    EXPECT_EQ(table.GetScrollPosition(), 0);
+    table.SetScrollPosition(100);  // kept within the displayed rows
+    EXPECT_EQ(table.GetScrollPosition(), 5);
+    table.CollapseAllNodes();
+    EXPECT_EQ(table.GetScrollPosition(), 0);
+}
+
+TEST_F(HierarchicalTableViewTest, AUserReachesOnlyDisplayedRowsAndTakesTheFocus)
+{
+    QM::Item other(dialog, QM::Rect());
+    other.SetFocus();
+
+    EXPECT_FALSE(table.SimulateUserSelectNode(IdOf(3)));  // in a closed folder
+    EXPECT_TRUE(other.HasFocus());
+    EXPECT_TRUE(table.SimulateUserExpand(IdOf(1)));
+    EXPECT_TRUE(table.HasFocus());
+    EXPECT_FALSE(table.SimulateUserExpand(IdOf(6)));  // a leaf has nothing to open
+    EXPECT_TRUE(table.SimulateUserSelectNode(IdOf(6)));
+    EXPECT_TRUE(table.SimulateUserSelectNodes(NK::Array<NK::Guid> {IdOf(2), IdOf(7)}));
+    EXPECT_EQ(NamesOf(table.GetSelectedNodes()), (Names {"Views", "Notes"}));
+    EXPECT_TRUE(table.SimulateUserDoubleClickNode(IdOf(7)));
+    EXPECT_TRUE(table.SimulateUserCollapse(IdOf(1)));
+    EXPECT_EQ(delegate.events, (Names {"open Project by user", "selection by user", "selection by user",
+                                       "selection by user", "double click Notes", "close Project by user"}));
+
+    table.Disable();
+    EXPECT_FALSE(table.SimulateUserSelectNode(IdOf(1)));
+    EXPECT_EQ(NamesOf(table.GetSelectedNodes()), (Names {"Notes"}));
+}
+
+TEST_F(HierarchicalTableViewTest, InPlaceEditingHandsTheTextToTheDelegate)
+{
+    table.BeginNodeTextEdit(IdOf(7));
+    EXPECT_EQ(RecordingDelegate::NameOf(*table.GetEditedNode()), "Notes");
+    EXPECT_NE(Render().find("Notes (editing)"), std::string::npos);
+    EXPECT_TRUE(table.SimulateUserEndNodeTextEdit("Memos", true));
+    EXPECT_FALSE(table.SimulateUserEndNodeTextEdit("again", true));  // no editor open any more
+    table.BeginNodeTextEdit(IdOf(6));
+    EXPECT_TRUE(table.SimulateUserEndNodeTextEdit("Drawings", false));
+    EXPECT_EQ(delegate.events, (Names {"edited Notes to Memos"}));
+
+    // A reload that drops the edited row closes the editor.
+    table.BeginNodeTextEdit(IdOf(7));
+    provider.Replace(Kids(N(1, "Project")), table);
+    EXPECT_FALSE(table.GetEditedNode().has_value());
+}
+
+TEST_F(HierarchicalTableViewTest, RowsRepeatingAnIdAreAllAddressed)
+{
+    provider.Replace(Kids(N(1, "Project", Kids(N(3, "Plan"))), N(2, "Views", Kids(N(3, "Plan")))), table);
+    EXPECT_EQ(table.CountNodes(IdOf(3)), 2);
+    table.SelectNode(IdOf(3));
+    EXPECT_EQ(table.GetSelectedNodes().GetSize(), 2u);
+    table.ExpandNode(IdOf(1));
+    table.ExpandNode(IdOf(2));
+    EXPECT_EQ(Render(), "#1 TableView (0, 0, 300, 200)\n"
+                        "    [-] [icon(1:7)] Project\n"
+                        "  *       Plan\n"
+                        "    [-] [icon(1:7)] Views\n"
+                        "  *       Plan\n");
+}
+
+TEST_F(HierarchicalTableViewTest, ReloadingOneFolderAsksOnlyForItsSubtree)
+{
+    table.ExpandNode(IdOf(2));
+    provider.forest[0]->children[0]->children.push_back(N(9, "Elevation"));
+    provider.childrenRequests = 0;
+    table.ReloadChildren(IdOf(2));
+    EXPECT_EQ(provider.childrenRequests, 5);  // Views, Plan, Section, Detail, Elevation
+    EXPECT_EQ(NamesOf(table.GetChildNodes(IdOf(2))), (Names {"Plan", "Section", "Elevation"}));
+    EXPECT_TRUE(table.IsNodeExpanded(IdOf(2)));
+}
+
+TEST_F(HierarchicalTableViewTest, ReloadWithoutAProviderIsRefused)
+{
+    QM::Dialog other;
+    Table bare {other, QM::Rect()};
+    NK::AssertCapture capture;
+    bare.Reload();
+    EXPECT_EQ(capture.GetExpressions(), (Names {"provider != nullptr"}));
+    EXPECT_EQ(bare.GetNodeCount(), 0);
+}
+
+// Many reloads of a flat list with scattered insertions and deletions: the rows found by hash
+// (not in place) must keep their state, and dropped row numbers must be safe to reuse.
+TEST(HierarchicalTableViewChurnTest, ScatteredChangesKeepTheStateOfEverySurvivor)
+{
+    QM::Dialog dialog;
+    Table table {dialog, QM::Rect(0, 0, 200, 200)};
+    Provider provider;
+    table.SetDataProvider(&provider);
+    std::vector<NK::UInt64> numbers;
+    for (NK::UInt64 i = 1; i <= 1000; ++i)
+        numbers.push_back(i);
+    auto build = [&] {
+        Forest forest;
+        for (NK::UInt64 number : numbers)
+            forest.push_back(N(number, "row " + std::to_string(number), Kids(N(number + 100000, "child"))));
+        return forest;
+    };
+    provider.Replace(build(), table);
+    for (NK::UInt64 number = 5; number <= 1000; number += 10) {
+        table.SelectNode(IdOf(number));
+        table.ExpandNode(IdOf(number));
+    }
+
+    NK::UInt64 next = 2000;
+    for (int round = 0; round < 5; ++round) {
+        // Drop every 37th entry, insert a new one every 53rd place, and swap two far apart.
+        std::vector<NK::UInt64> changed;
+        for (std::size_t i = 0; i < numbers.size(); ++i) {
+            if (i % 53 == 7)
+                changed.push_back(next++);
+            if (i % 37 != 11)
+                changed.push_back(numbers[i]);
+        }
+        std::swap(changed[3], changed[changed.size() - 4]);
+        numbers = changed;
+        table.ResetJournal();
+        provider.Replace(build(), table);
+
+        ASSERT_EQ(table.GetTopLevelNodes().GetSize(), numbers.size());
+        for (std::size_t i = 0; i < numbers.size(); ++i) {
+            ASSERT_EQ(table.GetTopLevelNodes()[i].id, IdOf(numbers[i]));
+            bool marked = numbers[i] < 2000 && numbers[i] % 10 == 5;
+            ASSERT_EQ(table.IsNodeSelected(IdOf(numbers[i])), marked) << numbers[i];
+            ASSERT_EQ(table.IsNodeExpanded(IdOf(numbers[i])), marked) << numbers[i];
+        }
+        EXPECT_EQ(table.GetNodeCount(), static_cast<int>(numbers.size() * 2));
+        EXPECT_EQ(table.GetJournal().GetCount(QM::Op::RedrawItem), 0u);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,135 @@
+// A small client of the hierarchical table view for the tests: a forest of named nodes with
+// numeric ids, keys that point at the nodes, the two comparators, a provider that keeps the
+// previous forest alive while the table reloads, and a delegate that writes down what it hears.
+#pragma once
+
+#include "NK/NKGuid.hpp"
+#include "QM/QMHierarchicalTableView.hpp"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace QMViewsTest {
+
+struct Node {
+    NK::UInt64 number = 0;
+    std::string name;
+    std::string size;
+    std::vector<std::unique_ptr<Node>> children;
+};
+
+using Forest = std::vector<std::unique_ptr<Node>>;
+
+inline std::unique_ptr<Node> N(NK::UInt64 number, std::string name, std::vector<std::unique_ptr<Node>> children = {})
+{
+    auto node = std::make_unique<Node>();
+    node->number = number;
+    node->name = std::move(name);
+    node->size = std::to_string(number * 10) + " KB";
+    node->children = std::move(children);
+    return node;
+}
+
+template <typename... Nodes>
+std::vector<std::unique_ptr<Node>> Kids(Nodes... nodes)
+{
+    std::vector<std::unique_ptr<Node>> list;
+    (list.push_back(std::move(nodes)), ...);
+    return list;
+}
+
+inline NK::Guid IdOf(NK::UInt64 number)
+{
+    return NK::Guid::FromNumber(0x7AB1E, number);
+}
+
+inline const NK::Guid rootId = NK::Guid::FromNumber(0, 0);
+
+struct Key {
+    NK::Guid id = rootId;
+    const Node* node = nullptr;
+
+    NK::UInt32 GenerateHashValue() const noexcept { return id.GenerateHashValue(); }
+};
+
+struct IdComparator {
+    bool operator()(const Key& a, const Key& b) const noexcept { return a.id == b.id; }
+    bool operator()(const Key& a, const NK::Guid& b) const noexcept { return a.id == b; }
+};
+
+struct ContentComparator {
+    bool operator()(const Key& a, const Key& b) const noexcept
+    {
+        if (a.node == b.node)
+            return true;
+        return a.node != nullptr && b.node != nullptr && a.node->name == b.node->name;
+    }
+};
+
+using Table = QM::HierarchicalTableView<Key, IdComparator, ContentComparator>;
+
+class Provider : public QM::TableView::Hierarchical::DataProvider<Key> {
+public:
+    Key GetVirtualRoot() const override { return Key {}; }
+    NK::Array<Key> GetChildren(const Key& parent) const override
+    {
+        const Forest& list = parent.node == nullptr ? forest : parent.node->children;
+        NK::Array<Key> keys;
+        for (const auto& child : list)
+            keys.Push(Key {IdOf(child->number), child.get()});
+        ++childrenRequests;
+        return keys;
+    }
+
+    // Takes the new forest and reloads the table; the old forest lives until the reload is over.
+    void Replace(Forest next, Table& table)
+    {
+        Forest old = std::move(forest);
+        forest = std::move(next);
+        table.Reload();
+    }
+
+    Forest forest;
+    mutable int childrenRequests = 0;
+};
+
+class RecordingDelegate : public QM::TableView::Hierarchical::Delegate<Key> {
+public:
+    NK::UniString GetCellText(const Key& node, const NK::UniString& columnId) const override
+    {
+        if (node.node == nullptr)
+            return {};
+        return columnId == NK::UniString("size") ? node.node->size : node.node->name;
+    }
+    NK::Array<QM::Icon> GetCellIcons(const Key& node, const NK::UniString&) const override
+    {
+        if (node.node != nullptr && !node.node->children.empty())
+            return {QM::Icon(1, 7)};
+        return {};
+    }
+    void SelectionChanged(QM::Origin origin) override { events.push_back(std::string("selection") + By(origin)); }
+    void NodeExpanded(const Key& node, QM::Origin origin) override { events.push_back("open " + NameOf(node) + By(origin)); }
+    void NodeCollapsed(const Key& node, QM::Origin origin) override { events.push_back("close " + NameOf(node) + By(origin)); }
+    void NodeDoubleClicked(const Key& node) override { events.push_back("double click " + NameOf(node)); }
+    void NodeTextEdited(const Key& node, const NK::UniString& text) override
+    {
+        events.push_back("edited " + NameOf(node) + " to " + text.ToUtf8());
+    }
+    void ColumnLayoutChanged(QM::Origin origin) override { events.push_back(std::string("columns") + By(origin)); }
+
+    static std::string NameOf(const Key& node) { return node.node == nullptr ? "?" : node.node->name; }
+    static const char* By(QM::Origin origin) { return origin == QM::Origin::User ? " by user" : ""; }
+
+    std::vector<std::string> events;
+};
+
+inline std::vector<std::string> NamesOf(const NK::Array<Key>& keys)
+{
+    std::vector<std::string> names;
+    for (const Key& key : keys)
+        names.push_back(RecordingDelegate::NameOf(key));
+    return names;
+}
+
+}  // namespace QMViewsTest
