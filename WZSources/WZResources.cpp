@@ -47,6 +47,14 @@ NK::ModuleHandle GetWZResourceModule()
     return module;
 }
 
+namespace {
+
+// The library's module is filled when the library is loaded, so that the shared module's icons
+// are known before anybody asks the library for one.
+const NK::ModuleHandle moduleAtLoad = GetWZResourceModule();
+
+}  // namespace
+
 NK::UniString GetResourceString(int resourceId, int index)
 {
     return LookUp(resourceId, index, "WZ::GetResourceString", __LINE__);
