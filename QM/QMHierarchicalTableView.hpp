@@ -450,6 +450,9 @@ private:
             } else {
                 hash = NK::GenerateHashValue(child);
                 row = FindUnmatchedChild(parent, child, *hash, mark);
+                // Old rows were dropped or moved: go on comparing in place after the match.
+                if (row != NoRow)
+                    cursor = RowAt(row).next;
             }
             if (row == NoRow) {
                 row = AllocateRow(hash ? *hash : NK::GenerateHashValue(child), mark);
