@@ -20,6 +20,8 @@ struct HierarchicalItemId {
     explicit HierarchicalItemId(HierarchicalTreeItem& row);
 
     bool IsVirtualRoot() const noexcept { return item == nullptr && id == virtualRootId; }
+    // Hashes like the bare Guid, so that the toolkit's table finds rows by id or by Guid.
+    NK::UInt32 GenerateHashValue() const noexcept { return id.GenerateHashValue(); }
 
     NK::Guid id = virtualRootId;
     HierarchicalTreeItem* item = nullptr;  // not owned
