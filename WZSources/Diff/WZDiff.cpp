@@ -16,7 +16,7 @@ Diff::TreeResult TreeDiffing(const NK::Array<const TreeDiffable*>& oldItems,
 {
     Diff::PairedResult paired = Diff::DiffingWithPairs(oldItems, newItems);
     const Diff::Result& level = paired.result;
-    const std::vector<NK::Int64>& newIndexOfOld = paired.newIndexOfOld;
+    const std::vector<NK::UInt32>& newIndexOfOld = paired.newIndexOfOld;
 
     Diff::TreeResult tree;
     for (NK::UInt64 index : level.inserted)
@@ -36,8 +36,8 @@ Diff::TreeResult TreeDiffing(const NK::Array<const TreeDiffable*>& oldItems,
         movedAway[move.from] = true;
 
     for (NK::UIndex oldIndex = 0; oldIndex < oldItems.GetSize(); ++oldIndex) {
-        const NK::Int64 newIndex = newIndexOfOld[oldIndex];
-        if (newIndex < 0 || movedAway[oldIndex])
+        const NK::UInt32 newIndex = newIndexOfOld[oldIndex];
+        if (newIndex == Diff::IdTable::NoIndex || movedAway[oldIndex])
             continue;
         const auto key = static_cast<NK::UInt64>(newIndex);
         Diff::TreeResult children = TreeDiffing(oldItems[oldIndex]->GetDiffableChildren(),

@@ -1,20 +1,20 @@
 #include "WZSources/Diff/WZDiffPairing.hpp"
 
-#include "WZSources/Diff/WZIdTable.hpp"
+#include "NK/NKAssert.hpp"
 
 #include <algorithm>
 #include <memory>
+#include <stdexcept>
 
 namespace WZ::Diff {
 
 namespace {
 
-using NK::Int64;
 using NK::UIndex;
 using NK::UInt32;
 using NK::UInt64;
 
-constexpr UInt32 NoSpill = 0xFFFFFFFFu;
+constexpr UInt32 NoIndex = IdTable::NoIndex;
 
 // Ids are looked up in batches: the ids and hashes of a batch first, with their slots fetched,
 // then the lookups, so that the cache misses of a large table overlap instead of queueing.
@@ -39,62 +39,46 @@ void LookUpAll(IdTable& table, const Item* const* items, UIndex count, Order ord
     }
 }
 
-// The stack of pending old indices of one id. It sits on top of one -1 marker per new
-// occurrence; the markers are implicit (popping an empty stack gives -1). The smallest pending
-// index is kept inline and only the ones below it go to a shared overflow, so an id that occurs
-// once costs no allocation of its own.
-struct PendingStack {
-    Int64 top = -1;
-    UInt32 pending = 0;
-    UInt32 spill = NoSpill;
-    bool changed = false;  // some pair of the id differs in content
-};
-
-struct SpillNode {
-    Int64 index;
-    UInt32 next;
-};
-
-class PendingStacks {
+// The pending old indices of every id: a stack whose top is the smallest old index of the id not
+// yet paired, above one implicit -1 marker per new occurrence (popping an empty stack gives
+// NoIndex). The top is kept per id; the indices below it are the id's later old occurrences,
+// chained through one shared array indexed by old index. An id that occurs once therefore costs
+// one inline slot and nothing else.
+class PendingOldIndices {
 public:
-    explicit PendingStacks(UIndex ids) : stacks(ids) {}
+    PendingOldIndices(UIndex ids, UIndex oldCount) : top(ids, NoIndex), below(oldCount, NoIndex) {}
 
-    PendingStack& operator[](UInt32 number)
+    // Pushes an old index; pushed in descending order, the stack pops them ascending.
+    void Push(UInt32 entry, UInt32 oldIndex)
     {
-        if (number >= stacks.size())
-            stacks.resize(number + 1);
-        return stacks[number];
+        if (entry >= top.size())
+            top.resize(entry + 1, NoIndex);
+        below[oldIndex] = top[entry];
+        top[entry] = oldIndex;
     }
 
-    void Push(PendingStack& stack, Int64 oldIndex)
+    UInt32 Pop(UInt32 entry)
     {
-        if (stack.pending > 0) {
-            spilled.push_back(SpillNode {stack.top, stack.spill});
-            stack.spill = static_cast<UInt32>(spilled.size() - 1);
-        }
-        stack.top = oldIndex;
-        ++stack.pending;
-    }
-
-    Int64 Pop(PendingStack& stack)
-    {
-        if (stack.pending == 0)
-            return -1;
-        const Int64 index = stack.top;
-        if (--stack.pending > 0) {
-            const SpillNode& below = spilled[stack.spill];
-            stack.top = below.index;
-            stack.spill = below.next;
-        }
-        return index;
+        if (entry >= top.size())
+            return NoIndex;
+        const UInt32 oldIndex = top[entry];
+        if (oldIndex != NoIndex)
+            top[entry] = below[oldIndex];
+        return oldIndex;
     }
 
 private:
-    std::vector<PendingStack> stacks;
-    std::vector<SpillNode> spilled;
+    std::vector<UInt32> top;
+    std::vector<UInt32> below;
 };
 
-// Both index maps of a result where one side is empty: every item is inserted or deleted.
+void CheckLength(UIndex count)
+{
+    if (!NK_PRECOND(count < NoIndex))
+        throw std::length_error("WZ::Diffing: a list of 2^32 - 1 items or more");
+}
+
+// The index map and index set of a result where the other side is empty.
 template <typename Item>
 void FillOneSide(const NK::Array<const Item*>& items, IndexMap::Side side, IndexMap& indexMap,
                  NK::HashSet<UInt64>& indices)
@@ -103,15 +87,15 @@ void FillOneSide(const NK::Array<const Item*>& items, IndexMap::Side side, Index
     auto table = std::make_shared<IdTable>(count);
     std::vector<UInt32> entryOfIndex(count);
     indices.EnsureSize(count);
-    for (UIndex i = 0; i < count; ++i) {
-        const UInt32 number = table->FindOrAdd(items[i]->GetId());
+    LookUpAll(*table, items.GetContent(), count, [](UIndex k) { return k; }, [&](UIndex i, UInt32 number) {
         IdTable::Entry& entry = (*table)[number];
-        Int64& first = side == IndexMap::Side::Old ? entry.firstOld : entry.firstNew;
-        if (first < 0)
-            first = static_cast<Int64>(i);
+        UInt32& first = side == IndexMap::Side::Old ? entry.firstOld : entry.firstNew;
+        if (first == NoIndex)
+            first = static_cast<UInt32>(i);
         entryOfIndex[i] = number;
+    });
+    for (UIndex i = 0; i < count; ++i)
         indices.Add(i);
-    }
     indexMap = IndexMap(std::move(table), side, std::move(entryOfIndex));
 }
 
@@ -122,10 +106,12 @@ PairedResult Compare(const NK::Array<const Item*>& oldItems, const NK::Array<con
     Result& result = out.result;
     const UIndex oldCount = oldItems.GetSize();
     const UIndex newCount = newItems.GetSize();
+    CheckLength(oldCount);
+    CheckLength(newCount);
 
     if (newCount == 0) {
         FillOneSide(oldItems, IndexMap::Side::Old, result.oldIndexMap, result.deleted);
-        out.newIndexOfOld.assign(oldCount, -1);
+        out.newIndexOfOld.assign(oldCount, NoIndex);
         return out;
     }
     if (oldCount == 0) {
@@ -143,44 +129,45 @@ PairedResult Compare(const NK::Array<const Item*>& oldItems, const NK::Array<con
 
     LookUpAll(*table, newContent, newCount, [](UIndex k) { return k; }, [&](UIndex i, UInt32 number) {
         IdTable::Entry& entry = (*table)[number];
-        if (entry.firstNew < 0)
-            entry.firstNew = static_cast<Int64>(i);
+        if (entry.firstNew == NoIndex)
+            entry.firstNew = static_cast<UInt32>(i);
         newEntry[i] = number;
     });
     // Descending, so that the top of every stack is the smallest old index not yet paired.
-    PendingStacks stacks(table->GetSize());
+    PendingOldIndices pending(table->GetSize(), oldCount);
     LookUpAll(*table, oldContent, oldCount, [oldCount](UIndex k) { return oldCount - 1 - k; },
               [&](UIndex j, UInt32 number) {
-                  (*table)[number].firstOld = static_cast<Int64>(j);
-                  stacks.Push(stacks[number], static_cast<Int64>(j));
+                  (*table)[number].firstOld = static_cast<UInt32>(j);
+                  pending.Push(number, static_cast<UInt32>(j));
                   oldEntry[j] = number;
               });
 
-    std::vector<Int64> oldOfNew(newCount, -1);
-    std::vector<Int64>& newOfOld = out.newIndexOfOld;
-    newOfOld.assign(oldCount, -1);
+    // The content flag belongs to the id: one unequal pair marks every pair of it changed.
+    std::vector<bool> changedId(table->GetSize(), false);
+    std::vector<UInt32> oldOfNew(newCount, NoIndex);
+    std::vector<UInt32>& newOfOld = out.newIndexOfOld;
+    newOfOld.assign(oldCount, NoIndex);
     UIndex pairs = 0;
     for (UIndex i = 0; i < newCount; ++i) {
-        PendingStack& stack = stacks[newEntry[i]];
-        const Int64 j = stacks.Pop(stack);
-        if (j < 0)
+        const UInt32 j = pending.Pop(newEntry[i]);
+        if (j == NoIndex)
             continue;
         const Diffable& newItem = *newContent[i];
         const Diffable& oldItem = *oldContent[j];
         if (&newItem != &oldItem && !newItem.IsEqual(oldItem))
-            stack.changed = true;
+            changedId[newEntry[i]] = true;
         oldOfNew[i] = j;
-        newOfOld[static_cast<UIndex>(j)] = static_cast<Int64>(i);
+        newOfOld[j] = static_cast<UInt32>(i);
         ++pairs;
     }
 
     // deletedBefore[j]: the unpaired old items before j.
-    std::vector<UInt64> deletedBefore(oldCount);
+    std::vector<UInt32> deletedBefore(oldCount);
     result.deleted.EnsureSize(oldCount - pairs);
-    UInt64 deletions = 0;
+    UInt32 deletions = 0;
     for (UIndex j = 0; j < oldCount; ++j) {
         deletedBefore[j] = deletions;
-        if (newOfOld[j] < 0) {
+        if (newOfOld[j] == NoIndex) {
             result.deleted.Add(j);
             ++deletions;
         }
@@ -189,17 +176,16 @@ PairedResult Compare(const NK::Array<const Item*>& oldItems, const NK::Array<con
     result.inserted.EnsureSize(newCount - pairs);
     UInt64 insertions = 0;
     for (UIndex i = 0; i < newCount; ++i) {
-        const Int64 j = oldOfNew[i];
-        if (j < 0) {
+        const UInt32 j = oldOfNew[i];
+        if (j == NoIndex) {
             result.inserted.Add(i);
             ++insertions;
             continue;
         }
-        const auto from = static_cast<UInt64>(j);
-        if (stacks[newEntry[i]].changed)
-            result.changed.Add(from);
-        if (from - deletedBefore[from] + insertions != i)
-            result.moved.Add(Move {from, i});
+        if (changedId[newEntry[i]])
+            result.changed.Add(j);
+        if (j - deletedBefore[j] + insertions != i)
+            result.moved.Add(Move {j, i});
     }
 
     result.oldIndexMap = IndexMap(table, IndexMap::Side::Old, std::move(oldEntry));

@@ -19,11 +19,13 @@ namespace WZ::Diff {
 class IdTable {
 public:
     static constexpr NK::UInt32 NotFound = 0xFFFFFFFFu;
+    // Indices are kept in 32 bits, which holds any list a control can show; NoIndex is none.
+    static constexpr NK::UInt32 NoIndex = 0xFFFFFFFFu;
 
     struct Entry {
         NK::Guid id;
-        NK::Int64 firstOld = -1;  // first index in the old sequence, -1 when absent there
-        NK::Int64 firstNew = -1;  // first index in the new sequence, -1 when absent there
+        NK::UInt32 firstOld = NoIndex;  // first index in the old sequence
+        NK::UInt32 firstNew = NoIndex;  // first index in the new sequence
     };
 
     // Room for `maxIds` distinct ids without rehashing.

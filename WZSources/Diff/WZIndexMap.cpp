@@ -13,8 +13,8 @@ IndexMap::IndexMap(const std::vector<NK::Guid>& ids)
     entryOfIndex.reserve(ids.size());
     for (NK::UIndex i = 0; i < ids.size(); ++i) {
         const NK::UInt32 number = own->FindOrAdd(ids[i]);
-        if ((*own)[number].firstOld < 0)
-            (*own)[number].firstOld = static_cast<NK::Int64>(i);
+        if ((*own)[number].firstOld == IdTable::NoIndex)
+            (*own)[number].firstOld = static_cast<NK::UInt32>(i);
         entryOfIndex.push_back(number);
     }
     table = std::move(own);

@@ -83,7 +83,8 @@ private:
         const NK::UInt32 number = table->Find(id);
         if (number == IdTable::NotFound)
             return -1;
-        return side == Side::Old ? (*table)[number].firstOld : (*table)[number].firstNew;
+        const NK::UInt32 index = side == Side::Old ? (*table)[number].firstOld : (*table)[number].firstNew;
+        return index == IdTable::NoIndex ? -1 : static_cast<NK::Int64>(index);
     }
 
     std::shared_ptr<const IdTable> table;

@@ -175,3 +175,58 @@ TEST(SeparatorDiffableTest, EqualOnlyToASeparatorOfTheSameId)
 }
 
 }  // namespace
+
+namespace {
+
+TEST(DiffIndexMapTest, EachSideKnowsOnlyItsOwnIdsInIndexOrder)
+{
+    std::deque<TextItem> items;
+    auto make = [&](NK::UInt64 number) { return static_cast<const WZ::Diffable*>(&items.emplace_back(number, "x")); };
+    NK::Array<const WZ::Diffable*> oldItems {make(1), make(2), make(1)};
+    NK::Array<const WZ::Diffable*> newItems {make(3), make(1)};
+    WZ::Diff::Result result = WZ::Diffing(oldItems, newItems);
+
+    std::vector<std::pair<NK::Int64, NK::Guid>> walked(result.oldIndexMap.begin(), result.oldIndexMap.end());
+    EXPECT_EQ(walked, (std::vector<std::pair<NK::Int64, NK::Guid>> {{0, Id(1)}, {1, Id(2)}, {2, Id(1)}}));
+    EXPECT_FALSE(result.oldIndexMap.HasId(Id(3)));  // only in the new list
+    EXPECT_FALSE(result.newIndexMap.HasId(Id(2)));  // only in the old list
+    EXPECT_EQ(result.newIndexMap.GetIndex(Id(3), -1), 0);
+    EXPECT_EQ(result.oldIndexMap.GetIndex(Id(1), -1), 0);
+    EXPECT_FALSE(result.oldIndexMap.HasIndex(3));
+    EXPECT_FALSE(result.oldIndexMap.HasIndex(-1));
+    EXPECT_EQ(result.oldIndexMap.FindId(5), nullptr);
+
+    WZ::Diff::Result copy = result;  // copies answer alike, also after the original is gone
+    result = WZ::Diff::Result();
+    EXPECT_EQ(copy.newIndexMap.GetId(1), Id(1));
+    EXPECT_EQ(copy.oldIndexMap.GetIndex(Id(2), -1), 1);
+    EXPECT_TRUE(result.oldIndexMap.IsEmpty());
+    EXPECT_FALSE(result.oldIndexMap.HasId(Id(1)));
+}
+
+TEST(DiffIndexMapTest, ManyDistinctIdsOutgrowTheAnnouncedTable)
+{
+    std::vector<NK::Guid> ids;
+    for (NK::UInt64 n = 0; n < 5000; ++n)
+        ids.push_back(Id(n));
+    // Announced for half the ids, the table must still find every one of them.
+    std::deque<TextItem> items;
+    NK::Array<const WZ::Diffable*> oldItems;
+    NK::Array<const WZ::Diffable*> newItems;
+    for (NK::UInt64 n = 0; n < 2500; ++n) {
+        oldItems.Push(&items.emplace_back(n, "x"));
+        newItems.Push(&items.emplace_back(n + 2500, "x"));
+    }
+    WZ::Diff::Result result = WZ::Diffing(oldItems, newItems);
+    EXPECT_EQ(result.deleted.GetSize(), 2500u);
+    EXPECT_EQ(result.inserted.GetSize(), 2500u);
+    for (NK::UInt64 n = 0; n < 2500; ++n) {
+        ASSERT_EQ(result.oldIndexMap.GetIndex(ids[n], -1), static_cast<NK::Int64>(n));
+        ASSERT_EQ(result.newIndexMap.GetIndex(ids[n + 2500], -1), static_cast<NK::Int64>(n));
+    }
+    WZ::Diff::IndexMap own(ids);
+    EXPECT_EQ(own.GetIndex(Id(4999), -1), 4999);
+    EXPECT_EQ(own.GetSize(), 5000u);
+}
+
+}  // namespace
