@@ -192,7 +192,7 @@ void SearchComponentAlone(benchmark::State& state, const char* searchText)
         NK::Search search;
         search.Reserve(forest.GetSize());
         for (const NK::Owner<ModelItem>& item : forest)
-            search.AddEntry(item->GetId(), AsProject(*item).GetName() + " " + AsProject(*item).GetKind());
+            search.AddEntry(item->GetId(), NK::Array<NK::UniString> {AsProject(*item).GetName(), AsProject(*item).GetKind()});
         found = search.Run(searchText).GetMatchCount();
     }
     SetPerItem(state, forest.GetSize(), found);

@@ -118,7 +118,10 @@ void TreeItemFactory::SortTreeItems(NK::Array<NK::Owner<TreeItem>>& items) const
     if (!itemComparator || items.GetSize() < 2)
         return;
     using Function = bool (*)(const TreeItem&, const TreeItem&);
-    if (const Function* function = itemComparator.target<Function>(); function != nullptr && *function == &CompareDisplayNames) {
+    // A key costs about as much as a handful of pair comparisons, so short levels compare pairs.
+    constexpr NK::UIndex KeyedSortMinimum = 16;
+    const Function* function = itemComparator.target<Function>();
+    if (function != nullptr && *function == &CompareDisplayNames && items.GetSize() >= KeyedSortMinimum) {
         SortByDisplayNameKeys(items);
         return;
     }
