@@ -15,6 +15,8 @@
 // is rewritten: it keeps its place and its children are matched in their own right, but its
 // own expansion and selection are reset as for a new row. Old children that are not matched
 // are dropped with their subtrees. A selection that lost rows is notified once, at the end.
+// A child whose id is that of its parent or of one of its ancestors (the virtual root included)
+// is left out with a precondition report, so that a cyclic provider cannot make a reload endless.
 //
 // Rows named by an id that the provider gave more than once: operations apply to each such row
 // and queries answer for any of them. An id that names no row is a precondition report with
@@ -395,7 +397,7 @@ private:
         SimulateUserFocus();
         ChangeExpansion(row, expand, Origin::User);
         if (!expand)
-            SetScrollPosition(GetScrollPosition());  // fewer rows may be displayed now
+            ClampScrollPosition();
         return true;
     }
 
@@ -440,6 +442,9 @@ private:
         order.reserve(children.GetSize());
         int cursor = RowAt(parent).firstChild;
         for (Key& child : children) {
+            // A provider whose rows contain themselves would make the reload endless.
+            if (!QM_TABLE_PRECOND(!IsOwnAncestor(parent, child)))
+                continue;
             while (cursor != NoRow && RowAt(cursor).mark == mark)
                 cursor = RowAt(cursor).next;
             int row = NoRow;
@@ -477,6 +482,15 @@ private:
         }
         LinkChildren(parent, order);
         return selectionLost;
+    }
+
+    bool IsOwnAncestor(int parent, const Key& child) const
+    {
+        for (int row = parent; row != NoRow; row = RowAt(row).parent) {
+            if (IdComparator {}(keys[Slot(row)], child))
+                return true;
+        }
+        return false;
     }
 
     int FindUnmatchedChild(int parent, const Key& child, NK::UInt64 hash, NK::UInt32 mark) const

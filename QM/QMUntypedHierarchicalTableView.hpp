@@ -129,6 +129,9 @@ protected:
     // Opens the closed ancestors of the row, then scrolls so that it is on screen.
     void RevealRow(int row);
 
+    // Keeps the scroll position within the displayed rows (after rows were hidden).
+    void ClampScrollPosition();
+
     void BeginEditRow(int row);
     int GetEditedRow() const noexcept { return editedRow; }
     // Closes the editor; returns the row that was edited (NoRow when none).
@@ -153,7 +156,6 @@ private:
     bool SetSelected(int row, bool select);
     bool DeselectAll();
     void SetArrangement(NK::Array<TableView::Column> arrangement, Origin origin);
-    void ClampScrollPosition();
 
     std::vector<Row> rows;  // [0] is the virtual root
     std::vector<int> freeRows;

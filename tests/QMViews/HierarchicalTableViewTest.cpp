@@ -321,6 +321,30 @@ TEST_F(HierarchicalTableViewTest, ReloadWithoutAProviderIsRefused)
     EXPECT_EQ(bare.GetNodeCount(), 0);
 }
 
+// A provider that gives a folder as its own descendant.
+class CyclicProvider : public Provider {
+public:
+    NK::Array<Key> GetChildren(const Key& parent) const override
+    {
+        NK::Array<Key> children = Provider::GetChildren(parent);
+        if (parent.id == IdOf(2))
+            children.Push(Key {IdOf(1), forest[0].get()});
+        return children;
+    }
+};
+
+TEST(HierarchicalTableViewCycleTest, ARowThatContainsItselfIsLeftOut)
+{
+    QM::Dialog dialog;
+    Table table {dialog, QM::Rect()};
+    CyclicProvider provider;
+    table.SetDataProvider(&provider);
+    NK::AssertCapture capture;
+    provider.Replace(Kids(N(1, "Project", Kids(N(2, "Views", Kids(N(3, "Plan")))))), table);
+    EXPECT_EQ(capture.GetExpressions(), (Names {"!IsOwnAncestor(parent, child)"}));
+    EXPECT_EQ(NamesOf(table.GetAllNodes()), (Names {"Project", "Views", "Plan"}));
+}
+
 // Many reloads of a flat list with scattered insertions and deletions: the rows found by hash
 // (not in place) must keep their state, and dropped row numbers must be safe to reuse.
 TEST(HierarchicalTableViewChurnTest, ScatteredChangesKeepTheStateOfEverySurvivor)
