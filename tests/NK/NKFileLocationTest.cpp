@@ -6,6 +6,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <string>
+
+#include <unistd.h>
 
 namespace {
 
@@ -13,7 +16,10 @@ class FileLocationTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        folder = NK::FileLocation(::testing::TempDir()).AppendName("nk_location_test");
+        // One folder per test and process: CTest runs the tests of this fixture in parallel.
+        const std::string name = std::string("nk_location_") + ::testing::UnitTest::GetInstance()->current_test_info()->name() +
+                                 "_" + std::to_string(::getpid());
+        folder = NK::FileLocation(::testing::TempDir()).AppendName(name.c_str());
         std::filesystem::remove_all(folder.GetPath());
     }
     void TearDown() override { std::filesystem::remove_all(folder.GetPath()); }
