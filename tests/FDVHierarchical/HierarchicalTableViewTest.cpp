@@ -1,0 +1,255 @@
+#include "HierarchicalTestBench.hpp"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace FDVHierarchicalTest;
+using GuidSet = HierarchicalTableView::GuidSet;
+
+class RecordingUserDelegate : public HierarchicalTableView::UserDelegate {
+public:
+    void SelectionChanged() override { ++changes; }
+    int changes = 0;
+};
+
+class FolderableHierarchicalTableTest : public ::testing::Test {
+protected:
+    FolderableHierarchicalTableTest() { Load(SampleForest()); }
+
+    // Rows for the forest, as the hierarchical view's factory would make them.
+    NK::Array<NK::Owner<HierarchicalTreeItem>> Rows(const NK::Array<NK::Owner<ModelItem>>& forest)
+    {
+        factory.SetItemFilter(static_cast<const TreeItemFactory::Filter*>(nullptr));
+        NK::Array<NK::Owner<HierarchicalTreeItem>> rows;
+        for (NK::Owner<TreeItem>& item : factory.CreateTree(ModelItem::ToPtrArray(forest)))
+            rows.Push(NK::Owner<HierarchicalTreeItem>(static_cast<HierarchicalTreeItem*>(item.Release())));
+        return rows;
+    }
+    HierarchicalTableView::UpdateResult Load(const std::vector<Node>& nodes)
+    {
+        // The previous forest stays alive until the rows made from it are gone.
+        previousForest = std::move(forest);
+        forest = BuildForest(nodes);
+        return table.SetItems(Rows(forest));
+    }
+    std::string Selected() const { return FDVTest::Names(table.GetSelectedModelItems()); }
+    NameList Expanded() const
+    {
+        NameList names;
+        for (const auto& node : table.GetExpandedNodes())
+            names.push_back(node.item->GetDisplayName().ToUtf8());
+        return names;
+    }
+
+    QM::Dialog dialog {"Browser", 400, 300};
+    HierarchicalTableView table {dialog, QM::Rect(0, 0, 400, 300)};
+    RowFactory factory;
+    NK::Array<NK::Owner<ModelItem>> forest;
+    NK::Array<NK::Owner<ModelItem>> previousForest;
+};
+
+TEST_F(FolderableHierarchicalTableTest, TheItemIndexKnowsEveryRowsParentAndDepth)
+{
+    const auto& index = table.GetHierarchicalDataProvider().GetItemIndex();
+    ASSERT_EQ(index.GetSize(), 8u);
+    const auto* detail = index.Find(IdOf("Detail"));
+    ASSERT_NE(detail, nullptr);
+    EXPECT_EQ(detail->parentId, IdOf("Section"));
+    EXPECT_EQ(detail->depth, 3);
+    EXPECT_EQ(index.Find(IdOf("Project"))->parentId, WZ::Folderable::HierarchicalItemId::virtualRootId);
+    EXPECT_EQ(index.Find(IdOf("Nowhere")), nullptr);
+
+    // Levels from the top, each in display order.
+    const auto& levels = index.GetLevels();
+    ASSERT_EQ(levels.GetSize(), 4u);
+    EXPECT_EQ(levels[0].GetSize(), 2u);
+    EXPECT_EQ(levels[1].GetSize(), 3u);  // Views, Sheets, Minutes
+    EXPECT_EQ(levels[3][0], IdOf("Detail"));
+
+    // Ancestors stop below the virtual root; unknown ids add nothing; shared paths appear once.
+    GuidSet ancestors = table.GetHierarchicalDataProvider().GetAllAncestorsOfItems(
+        {IdOf("Detail"), IdOf("Plan"), IdOf("Minutes"), IdOf("Nowhere")});
+    EXPECT_EQ(ancestors.GetSize(), 4u);
+    for (const char* name : {"Section", "Views", "Project", "Notes"})
+        EXPECT_TRUE(ancestors.Contains(IdOf(name))) << name;
+    EXPECT_TRUE(table.GetHierarchicalDataProvider().GetAllAncestorsOfItems({IdOf("Project")}).IsEmpty());
+}
+
+TEST_F(FolderableHierarchicalTableTest, RowsShowDisplayNamesInTheTreeColumnAndStringsElsewhere)
+{
+    table.ExpandItem(IdOf("Notes"));
+    EXPECT_EQ(Render(table), "#1 TableView (0, 0, 400, 300)\n"
+                             "    [-] Notes\n"
+                             "          Minutes\n"
+                             "    [+] Project\n");
+    // With columns, the first shown one carries the names; the others the rows' own strings.
+    table.SetColumns({QM::TableView::Column {"size", "Size", 50, false}, QM::TableView::Column {"name", "Name", 200, true},
+                      QM::TableView::Column {"size2", "Size", 50, true}});
+    EXPECT_EQ(Render(table), "#1 TableView (0, 0, 400, 300)\n"
+                             "  columns: Name (200) | Size (50)\n"
+                             "    [-] Notes | \n"
+                             "          Minutes | \n"
+                             "    [+] Project | \n");
+    table.SetColumns({QM::TableView::Column {"name", "Name", 200, true}, QM::TableView::Column {"size", "Size", 50, true}});
+    EXPECT_EQ(Render(table), "#1 TableView (0, 0, 400, 300)\n"
+                             "  columns: Name (200) | Size (50)\n"
+                             "    [-] Notes | 5\n"
+                             "          Minutes | 7\n"
+                             "    [+] Project | 7\n");
+}
+
+TEST_F(FolderableHierarchicalTableTest, SetItemsClearsTheSelectionAndReturnsWhatWasOpenAndSelected)
+{
+    table.ExpandItem(IdOf("Project"));
+    table.ExpandItem(IdOf("Views"));
+    table.SelectItems({IdOf("Plan"), IdOf("Sheets")}, {});
+    ASSERT_EQ(Selected(), "Sheets Plan");  // display order
+    factory.displayNames["Views"] = "Views (renamed)";  // changed content: the toolkit resets the row
+
+    HierarchicalTableView::UpdateResult result = Load(SampleForest());
+
+    EXPECT_EQ(Selected(), "");
+    EXPECT_FALSE(table.IsExpandedItem(IdOf("Views")));
+    EXPECT_TRUE(table.IsExpandedItem(IdOf("Project")));  // unchanged rows keep their state
+    ASSERT_NE(result.selectionRestorer, nullptr);
+    EXPECT_EQ(result.selectionRestorer->GetSelectedIds(), (NK::Array<NK::Guid> {IdOf("Sheets"), IdOf("Plan")}));
+    EXPECT_TRUE(result.selectionRestorer->GetAncestorIds().Contains(IdOf("Views")));
+
+    result.expandRestorer->Restore();
+    result.selectionRestorer->Restore();
+    EXPECT_TRUE(table.IsExpandedItem(IdOf("Views")));
+    EXPECT_EQ(Selected(), "Sheets Plan");
+    // The selection now names the new forest's items.
+    EXPECT_EQ(table.GetSelectedModelItems()[1], Find(forest, "Plan"));
+}
+
+TEST_F(FolderableHierarchicalTableTest, ATooltipChangeAloneKeepsTheRowAsItWas)
+{
+    table.ExpandItem(IdOf("Project"));
+    table.ResetJournal();
+    struct TipFactory : RowFactory {
+        NK::Owner<TreeItem> CreateItem(const ModelItem& item) override
+        {
+            return NK::NewOwned<NamedRow>(item, AsNamed(item).GetName(), NK::UniString("new tip"));
+        }
+    } tipFactory;
+    tipFactory.SetItemFilter(static_cast<const TreeItemFactory::Filter*>(nullptr));
+    previousForest = std::move(forest);
+    forest = BuildForest(SampleForest());
+    NK::Array<NK::Owner<HierarchicalTreeItem>> rows;
+    for (NK::Owner<TreeItem>& item : tipFactory.CreateTree(ModelItem::ToPtrArray(forest)))
+        rows.Push(NK::Owner<HierarchicalTreeItem>(static_cast<HierarchicalTreeItem*>(item.Release())));
+
+    table.SetItems(std::move(rows));
+
+    EXPECT_EQ(table.GetJournal().GetCount(QM::Op::RedrawItem), 0u);
+    EXPECT_EQ(table.GetJournal().GetCount(QM::Op::InsertItem), 0u);
+    EXPECT_TRUE(table.IsExpandedItem(IdOf("Project")));
+}
+
+TEST_F(FolderableHierarchicalTableTest, RestoringExpandedIdsOpensThePathsAndClosesTheRest)
+{
+    table.ExpandItem(IdOf("Notes"));
+    table.RestoreExpandedItemsByIds(GuidSet {IdOf("Section"), IdOf("Gone")});
+    EXPECT_EQ(Expanded(), (NameList {"Project", "Views", "Section"}));
+    EXPECT_EQ(Selected(), "");
+
+    table.RestoreExpandedItemsByIds(GuidSet {});
+    EXPECT_TRUE(Expanded().empty());
+}
+
+TEST_F(FolderableHierarchicalTableTest, ExpansionByIdIgnoresUnknownIds)
+{
+    NK::AssertCapture capture;
+    table.ToggleOpenness(IdOf("Project"));
+    EXPECT_TRUE(table.IsExpandedItem(IdOf("Project")));
+    table.ToggleOpenness(IdOf("Project"));
+    EXPECT_FALSE(table.IsExpandedItem(IdOf("Project")));
+    table.ExpandItems(GuidSet {IdOf("Notes"), IdOf("Gone")});
+    EXPECT_EQ(Expanded(), (NameList {"Notes"}));
+    table.CollapseItem(IdOf("Notes"));
+    table.CollapseItem(IdOf("Gone"));
+    table.ScrollToNode(IdOf("Gone"));
+    EXPECT_FALSE(table.IsExpandedItem(IdOf("Gone")));
+    EXPECT_FALSE(table.GetRowIndex(IdOf("Gone")).has_value());
+    EXPECT_TRUE(Expanded().empty());
+    EXPECT_TRUE(capture.GetReports().empty());
+}
+
+TEST_F(FolderableHierarchicalTableTest, SelectingItemsOpensTheirFoldersAndScrollsToTheFirstOfSeveral)
+{
+    table.SelectItems({IdOf("Detail")}, table.GetHierarchicalDataProvider().GetAllAncestorsOfItems({IdOf("Detail")}));
+    EXPECT_EQ(Selected(), "Detail");
+    EXPECT_EQ(table.GetRowIndex(IdOf("Detail")), std::optional<int>(6));  // Notes, Project, Sheets, Views, Plan, Section, Detail
+
+    // Enough rows that the first selected one lies below the visible part.
+    std::vector<Node> many;
+    for (int i = 0; i < 40; ++i)
+        many.push_back(Node("Item" + std::to_string(100 + i)));
+    many.push_back(Node("Zfolder", {Node("Zdeep")}));
+    Load(many);
+    table.SelectItems({IdOf("Zdeep"), IdOf("Item139")}, GuidSet {IdOf("Zfolder")});
+    EXPECT_EQ(Selected(), "Item139 Zdeep");
+    const int first = *table.GetRowIndex(IdOf("Item139"));
+    EXPECT_GE(first, table.GetScrollPosition());
+    EXPECT_LT(first, table.GetScrollPosition() + table.GetVisibleRowCount());
+
+    // Ids that name no row are left out; none at all clears the selection.
+    table.SelectItems({IdOf("Gone"), IdOf("Item100")}, {});
+    EXPECT_EQ(Selected(), "Item100");
+    table.SelectItems({}, {});
+    EXPECT_EQ(Selected(), "");
+}
+
+TEST_F(FolderableHierarchicalTableTest, TheUserDelegateHearsOfSelectionChangesWhileItIsSet)
+{
+    RecordingUserDelegate user;
+    table.SetUserDelegate(&user);
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Notes")));
+    EXPECT_EQ(user.changes, 1);
+    table.SetUserDelegate(nullptr);
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Project")));
+    EXPECT_EQ(user.changes, 1);
+    EXPECT_EQ(Selected(), "Project");
+}
+
+TEST_F(FolderableHierarchicalTableTest, TheFirstNonSelectedRowIsLookedForAfterTheSelectionThenBeforeIt)
+{
+    EXPECT_EQ(table.GetFirstNonSelectedItemAfterSelection(), nullptr);
+    table.ExpandItem(IdOf("Project"));  // Notes, Project, Sheets, Views
+    table.SelectItems({IdOf("Project")}, {});
+    EXPECT_EQ(table.GetFirstNonSelectedItemAfterSelection(), Find(forest, "Sheets"));
+    table.SelectItems({IdOf("Sheets"), IdOf("Views")}, {});
+    EXPECT_EQ(table.GetFirstNonSelectedItemAfterSelection(), Find(forest, "Project"));
+    table.SelectItems({IdOf("Notes"), IdOf("Project"), IdOf("Sheets"), IdOf("Views")}, {});
+    EXPECT_EQ(table.GetFirstNonSelectedItemAfterSelection(), nullptr);
+}
+
+TEST_F(FolderableHierarchicalTableTest, TextEditOpensOnASingleSelectedRowOfAKnownColumn)
+{
+    EXPECT_FALSE(table.ActivateTextEditModeOnSelectedNode({}));
+    table.SelectItems({IdOf("Minutes")}, {});
+    EXPECT_TRUE(table.ActivateTextEditModeOnSelectedNode({}));
+    ASSERT_TRUE(table.GetEditedNode().has_value());
+    EXPECT_EQ(table.GetEditedNode()->id, IdOf("Minutes"));
+
+    table.SetColumns({QM::TableView::Column {"name", "Name", 200, true}});
+    NK::AssertCapture capture;
+    EXPECT_FALSE(table.ActivateTextEditModeOnSelectedNode("size"));
+    EXPECT_EQ(capture.GetReports().size(), 1u);
+}
+
+TEST_F(FolderableHierarchicalTableTest, ARepeatedIdIsReportedWhenALookupMeetsIt)
+{
+    // Two rows named "Twin" share an id.
+    Load({Node("A", {Node("Twin", {Node("x")})}), Node("B", {Node("Twin", {Node("y")})})});
+    NK::AssertCapture capture;
+    table.IsExpandedItem(IdOf("Twin"));
+    table.ExpandItem(IdOf("Twin"));
+    ASSERT_EQ(capture.GetExpressions(), (std::vector<std::string> {"!nodeFound", "result == nullptr"}));
+    EXPECT_EQ(capture.GetReports()[0].location.function, "WZ::Folderable::HierarchicalTableView::IsExpandedItem");
+    EXPECT_TRUE(table.IsNodeExpanded(IdOf("Twin")));
+}
+
+}  // namespace

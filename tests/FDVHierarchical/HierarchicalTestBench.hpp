@@ -1,0 +1,159 @@
+// A test bench for the hierarchical view: a dialog holding the hierarchical table and a search
+// field, offered to the view as its view resource; a row factory that names rows after the model
+// items, a search filter over the items' names, a recorder of the view's selection events, and a
+// small layout state for view state round trips.
+#pragma once
+
+#include "FolderedDataView/FDVTestModel.hpp"
+
+#include "NK/NKMemoryChannel.hpp"
+#include "QM/QMDialog.hpp"
+#include "QM/QMSearchEdit.hpp"
+#include "QM/QMTextRenderer.hpp"
+#include "WZSources/CompoundControls/FolderedDataView/Views/WZFDVHierarchicalView.hpp"
+#include "WZSources/CompoundControls/FolderedDataView/WZFolderableHierarchicalView.hpp"
+#include "WZSources/CompoundControls/FolderedDataView/WZTreeItemFactory.hpp"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace FDVHierarchicalTest {
+
+using namespace FDVTest;
+using WZ::Folderable::HierarchicalTableView;
+using WZ::Folderable::HierarchicalTreeItem;
+using WZ::Folderable::Selection;
+using WZ::Folderable::TreeItem;
+using WZ::Folderable::TreeItemFactory;
+using WZ::Folderable::Views::HierarchicalView;
+using WZ::Folderable::Views::View;
+using NameList = std::vector<std::string>;
+
+// A row with a "size" column: the name's length.
+class NamedRow : public HierarchicalTreeItem {
+public:
+    NamedRow(const ModelItem& model, const std::string& name, const NK::Optional<NK::UniString>& toolTip = {})
+        : HierarchicalTreeItem(model, NK::UniString(name), NK::Optional<QM::Icon>(), QM::Font::Plain,
+                               NK::Optional<QM::Color>(), NK::Optional<QM::Color>(), toolTip)
+    {
+    }
+    NK::UniString GetString(const NK::UniString& columnId) const override
+    {
+        if (columnId == NK::UniString("size"))
+            return NK::UniString(std::to_string(GetDisplayName().GetLength()));
+        return {};
+    }
+};
+
+// Rows named after the items; a name can be given another display text (a changed row).
+class RowFactory : public TreeItemFactory {
+public:
+    NK::Owner<TreeItem> CreateItem(const ModelItem& item) override
+    {
+        ++created;
+        const std::string& name = AsNamed(item).GetName();
+        auto renamed = displayNames.find(name);
+        return NK::NewOwned<NamedRow>(item, renamed != displayNames.end() ? renamed->second : name);
+    }
+    std::map<std::string, std::string> displayNames;
+    int created = 0;
+};
+
+// Finds items by their name (and their own search texts, if any).
+class NameSearchFilter : public TreeItemFactory::SearchFilter {
+public:
+    NK::Array<NK::UniString> GetSearchTexts(const ModelItem& item) const override
+    {
+        NK::Array<NK::UniString> texts {NK::UniString(AsNamed(item).GetName())};
+        for (const std::string& text : AsNamed(item).GetSearchTexts())
+            texts.Push(NK::UniString(text));
+        return texts;
+    }
+};
+
+// Leaves out the items named.
+class HidingFilter : public TreeItemFactory::Filter {
+public:
+    explicit HidingFilter(std::vector<std::string> hidden) : hidden(std::move(hidden)) {}
+    Status GetStatus(const ModelItem& item) const override
+    {
+        for (const std::string& name : hidden) {
+            if (AsNamed(item).GetName() == name)
+                return Status::Excluded;
+        }
+        return Status::Included;
+    }
+    std::vector<std::string> hidden;
+};
+
+// The controls the view borrows: one table and one search field on a dialog.
+class TableResource : public WZ::Folderable::Views::ViewResource {
+public:
+    HierarchicalTableView* GetHierarchicalDataView() const override { return &table; }
+    WZ::Folderable::TreeView* GetTreeDataView() const override { return nullptr; }
+    WZ::Folderable::UntypedListBox* GetListBoxDataView() const override { return nullptr; }
+    WZ::Folderable::PopUpView* GetPopUpView() const override { return nullptr; }
+    QM::SearchEdit* GetSearchField() const override { return &searchField; }
+    QM::ListBox* GetListBox() const override { return nullptr; }
+    QM::Button* GetUpButton() const override { return nullptr; }
+    QM::Rect GetRect() const override { return QM::Rect(0, 0, 400, 300); }
+
+    QM::Dialog dialog {"Browser", 400, 300};
+    mutable QM::SearchEdit searchField {dialog, QM::Rect(0, 0, 400, 20)};
+    mutable HierarchicalTableView table {dialog, QM::Rect(0, 24, 400, 276)};
+};
+
+// Counts the view's selection reports and keeps the selection each one carried.
+class SelectionRecorder : public View::Delegate {
+public:
+    void ViewSelectionChanged() override { reported.push_back(FDVTest::Names(view->GetSelection().GetItems())); }
+
+    const View* view = nullptr;  // the view whose reports these are
+    std::vector<std::string> reported;
+};
+
+// A layout state of one number, enough to see that the base part is written before the columns.
+class NumberLayoutState : public WZ::Folderable::Layout::LayoutState {
+public:
+    explicit NumberLayoutState(NK::Int16 number) : number(number) {}
+    NK::ErrCode Write(NK::OChannel& channel) const override { return channel.Write(number); }
+    NK::ErrCode Read(NK::IChannel& channel) override
+    {
+        NK::Int16 read = 0;
+        NK::ErrCode error = channel.Read(read);
+        if (error == NK::NoError)
+            number = read;
+        return error;
+    }
+    NK::Owner<LayoutState> Clone() const override { return NK::NewOwned<NumberLayoutState>(number); }
+    bool IsEqual(const LayoutState& other) const override
+    {
+        auto* same = dynamic_cast<const NumberLayoutState*>(&other);
+        return same != nullptr && same->number == number;
+    }
+    NK::Int16 number;
+};
+
+// Project(Views(Plan, Section(Detail)), Sheets), Notes(Minutes)
+inline std::vector<Node> SampleForest()
+{
+    return {Node("Project", {Node("Views", {Node("Plan"), Node("Section", {Node("Detail")})}), Node("Sheets")}),
+            Node("Notes", {Node("Minutes")})};
+}
+
+// The model item of the forest with the name; fails the test when there is none.
+inline const ModelItem* Find(const NK::Array<NK::Owner<ModelItem>>& forest, const std::string& name)
+{
+    const ModelItem* found = WZ::Folderable::FindModelItemById(forest, IdOf(name));
+    if (found == nullptr)
+        throw std::runtime_error("no item " + name);
+    return found;
+}
+
+inline std::string Render(const QM::Item& item)
+{
+    return QM::TextRenderer::Join(QM::TextRenderer::RenderItem(item));
+}
+
+}  // namespace FDVHierarchicalTest

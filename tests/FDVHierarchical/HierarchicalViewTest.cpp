@@ -1,0 +1,345 @@
+#include "HierarchicalTestBench.hpp"
+
+#include "NK/NKMemoryChannel.hpp"
+#include "WZSources/CompoundControls/FolderedDataView/Views/WZFDVLayout.hpp"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace FDVHierarchicalTest;
+using WZ::Folderable::Layout;
+
+class HierarchicalViewTest : public ::testing::Test {
+protected:
+    HierarchicalViewTest()
+    {
+        auto rowFactory = NK::NewOwned<RowFactory>();
+        factory = rowFactory.Get();
+        view = std::make_unique<HierarchicalView>(nullptr, resource, std::move(rowFactory));
+        view->SetSearchFilter(NK::NewOwned<NameSearchFilter>());
+        view->SetCurrentItems(&forest);
+        recorder.view = view.get();
+        view->SetDelegate(&recorder);
+        forest = BuildForest(SampleForest());
+        view->WillAppear(View::OpenData {});
+        recorder.reported.clear();
+    }
+
+    // A new forest in place of the old, then the view's refresh (as the data view does).
+    void ReplaceForest(const std::vector<Node>& nodes)
+    {
+        NK::Array<NK::Owner<ModelItem>> old = std::move(forest);
+        forest = BuildForest(nodes);
+        view->Refresh();
+    }
+    const ModelItem* Item(const std::string& name) const { return Find(forest, name); }
+    std::string Selected() const { return FDVTest::Names(view->GetSelection().GetItems()); }
+    // The table's rows as the renderer shows them, without the heading line.
+    std::string Rows() const
+    {
+        const std::string text = Render(table);
+        return text.substr(text.find('\n') + 1);
+    }
+    HierarchicalTableView::GuidSet Open() const { return table.GetExpandedItemIds(); }
+
+    NK::Array<NK::Owner<ModelItem>> forest;
+    TableResource resource;
+    HierarchicalTableView& table = resource.table;
+    QM::SearchEdit& searchField = resource.searchField;
+    RowFactory* factory = nullptr;
+    std::unique_ptr<HierarchicalView> view;
+    SelectionRecorder recorder;
+};
+
+TEST_F(HierarchicalViewTest, AViewSeenForTheFirstTimeOpensTheFirstLevel)
+{
+    EXPECT_EQ(Rows(), "    [-] Notes\n"
+                      "          Minutes\n"
+                      "    [-] Project\n"
+                      "          Sheets\n"
+                      "      [+] Views\n");
+    EXPECT_TRUE(table.IsVisible());
+}
+
+TEST_F(HierarchicalViewTest, ARefreshWithTheSameRowsKeepsFoldersAndSelectionAndSendsNothing)
+{
+    ASSERT_TRUE(table.SimulateUserExpand(IdOf("Views")));
+    ASSERT_TRUE(table.SimulateUserSelectNodes(NK::Array<NK::Guid> {IdOf("Plan"), IdOf("Minutes")}));
+    ASSERT_EQ(recorder.reported, (NameList {"Minutes Plan"}));
+    recorder.reported.clear();
+    const HierarchicalTableView::GuidSet openBefore = Open();
+    table.ResetJournal();
+
+    view->Refresh();
+
+    EXPECT_EQ(Open(), openBefore);
+    EXPECT_EQ(Selected(), "Minutes Plan");
+    EXPECT_EQ(recorder.reported, NameList {});
+    EXPECT_EQ(table.GetJournal().GetCount(QM::Op::InsertItem), 0u);
+    EXPECT_EQ(table.GetJournal().GetCount(QM::Op::DeleteItem), 0u);
+    EXPECT_EQ(table.GetJournal().GetCount(QM::Op::RedrawItem), 0u);
+}
+
+TEST_F(HierarchicalViewTest, ARefreshOverANewForestKeepsFoldersAndSelectionById)
+{
+    ASSERT_TRUE(table.SimulateUserExpand(IdOf("Views")));
+    ASSERT_TRUE(table.SimulateUserSelectNodes(NK::Array<NK::Guid> {IdOf("Plan"), IdOf("Minutes")}));
+    recorder.reported.clear();
+    const HierarchicalTableView::GuidSet openBefore = Open();
+
+    ReplaceForest(SampleForest());  // new objects, same ids and names
+
+    EXPECT_EQ(Open(), openBefore);
+    EXPECT_EQ(view->GetSelection().GetItems()[1], Item("Plan"));
+    // The same rows, but other model items: one event, carrying the new ones.
+    EXPECT_EQ(recorder.reported, (NameList {"Minutes Plan"}));
+}
+
+TEST_F(HierarchicalViewTest, ARefreshThatLosesTheSelectionSendsOneEvent)
+{
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Minutes")));
+    recorder.reported.clear();
+
+    ReplaceForest({Node("Project", {Node("Views"), Node("Sheets")}), Node("Notes")});
+
+    EXPECT_EQ(recorder.reported, (NameList {""}));
+    EXPECT_EQ(Selected(), "");
+}
+
+TEST_F(HierarchicalViewTest, UserSelectionIsReportedButNotWhileSelectionHandlingIsOff)
+{
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Notes")));
+    EXPECT_EQ(recorder.reported, (NameList {"Notes"}));
+
+    view->DisableSelectionHandling();
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Project")));
+    EXPECT_EQ(recorder.reported.size(), 1u);
+    view->EnableSelectionHandling();
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Sheets")));
+    EXPECT_EQ(recorder.reported, (NameList {"Notes", "Sheets"}));
+}
+
+TEST_F(HierarchicalViewTest, SettingTheSelectionInsideAClosedFolderOpensThePathToIt)
+{
+    ASSERT_FALSE(table.IsExpandedItem(IdOf("Section")));
+    view->SetSelection(Selection {Item("Detail"), Item("Minutes")});
+
+    EXPECT_EQ(Selected(), "Minutes Detail");  // display order: Notes' child comes first
+    EXPECT_TRUE(table.IsExpandedItem(IdOf("Views")));
+    EXPECT_TRUE(table.IsExpandedItem(IdOf("Section")));
+    EXPECT_TRUE(table.GetRowIndex(IdOf("Detail")).has_value());
+}
+
+TEST_F(HierarchicalViewTest, ASearchShowsTheMatchesOpenedAndItsEndRestoresRowsFoldersAndSelection)
+{
+    ASSERT_TRUE(table.SimulateUserCollapse(IdOf("Notes")));
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Sheets")));
+    const HierarchicalTableView::GuidSet openBefore = Open();
+    const std::string rowsBefore = Rows();
+
+    ASSERT_TRUE(searchField.SimulateUserType("det"));
+    EXPECT_TRUE(view->HasExpandStatesBeforeSearch());
+    EXPECT_EQ(Rows(), "    [-] Project\n"
+                      "      [-] Views\n"
+                      "        [-] Section\n"
+                      "              Detail\n");
+    EXPECT_EQ(Selected(), "");
+
+    ASSERT_TRUE(searchField.SimulateUserClear());
+    EXPECT_FALSE(view->HasExpandStatesBeforeSearch());
+    EXPECT_EQ(Open(), openBefore);
+    EXPECT_EQ(Rows(), rowsBefore);
+    EXPECT_EQ(Selected(), "Sheets");
+    EXPECT_EQ(recorder.reported.back(), "Sheets");
+}
+
+TEST_F(HierarchicalViewTest, ARowPickedDuringASearchStaysSelectedAfterIt)
+{
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Sheets")));
+    ASSERT_TRUE(searchField.SimulateUserType("plan"));
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Plan")));
+    ASSERT_TRUE(searchField.SimulateUserClear());
+
+    EXPECT_EQ(Selected(), "Plan");
+    EXPECT_TRUE(table.GetRowIndex(IdOf("Plan")).has_value());  // its folders opened to show it
+}
+
+TEST_F(HierarchicalViewTest, ASearchThatMatchesNothingShowsNoRowsUntilItEnds)
+{
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Minutes")));
+    const std::string rowsBefore = Rows();
+
+    ASSERT_TRUE(searchField.SimulateUserType("zzz"));
+    EXPECT_EQ(table.GetNodeCount(), 0);
+    EXPECT_EQ(Rows(), "");
+
+    ASSERT_TRUE(searchField.SimulateUserClear());
+    EXPECT_EQ(Rows(), rowsBefore);
+    EXPECT_EQ(Selected(), "Minutes");
+}
+
+TEST_F(HierarchicalViewTest, AnItemFilterStillHidesMatchesDuringASearch)
+{
+    view->SetItemFilter(NK::NewOwned<HidingFilter>(std::vector<std::string> {"Section"}));
+    view->Refresh();
+    EXPECT_FALSE(table.ContainsNode(IdOf("Section")));
+
+    ASSERT_TRUE(searchField.SimulateUserType("e"));  // Detail, Section, Sheets, Views, Notes, Project...
+    EXPECT_FALSE(table.ContainsNode(IdOf("Section")));
+    EXPECT_FALSE(table.ContainsNode(IdOf("Detail")));
+    EXPECT_TRUE(table.ContainsNode(IdOf("Sheets")));
+    EXPECT_TRUE(table.ContainsNode(IdOf("Minutes")));
+}
+
+TEST_F(HierarchicalViewTest, ASearchEndedWithNothingKeptOpensOnlyTheFirstLevel)
+{
+    ASSERT_TRUE(table.SimulateUserExpand(IdOf("Views")));
+    ASSERT_TRUE(searchField.SimulateUserType("plan"));
+    // The view leaves and comes back in the middle of the search: what was kept is dropped.
+    view->WillDisappear();
+    EXPECT_FALSE(table.IsVisible());
+    view->WillAppear(View::OpenData {});
+    EXPECT_TRUE(table.IsExpandedItem(IdOf("Views")));  // every match shown opened
+
+    ASSERT_TRUE(searchField.SimulateUserClear());
+    EXPECT_EQ(Open(), (HierarchicalTableView::GuidSet {IdOf("Notes"), IdOf("Project")}));
+}
+
+TEST_F(HierarchicalViewTest, OpenFoldersAreKeptWhileTheViewIsNotShown)
+{
+    ASSERT_TRUE(table.SimulateUserExpand(IdOf("Views")));
+    ASSERT_TRUE(table.SimulateUserCollapse(IdOf("Notes")));
+    const HierarchicalTableView::GuidSet openBefore = Open();
+    view->WillDisappear();
+    const auto* kept = dynamic_cast<HierarchicalView::InMemoryViewState*>(view->GetInMemoryViewState());
+    ASSERT_NE(kept, nullptr);
+    EXPECT_EQ(kept->GetExpandedIds(), openBefore);
+
+    // Another view meanwhile uses the same table.
+    table.CollapseAllNodes();
+    table.ExpandItem(IdOf("Notes"));
+
+    view->WillAppear(View::OpenData {Selection {Item("Plan")}, nullptr});
+    EXPECT_EQ(Open(), openBefore);
+    EXPECT_EQ(Selected(), "Plan");
+}
+
+TEST_F(HierarchicalViewTest, AViewLeftDuringASearchKeepsTheFoldersFromBeforeIt)
+{
+    ASSERT_TRUE(table.SimulateUserCollapse(IdOf("Notes")));
+    const HierarchicalTableView::GuidSet openBefore = Open();
+    ASSERT_TRUE(searchField.SimulateUserType("d"));
+    view->WillDisappear();
+    const auto* kept = static_cast<HierarchicalView::InMemoryViewState*>(view->GetInMemoryViewState());
+    EXPECT_EQ(kept->GetExpandedIds(), openBefore);
+    EXPECT_FALSE(view->HasExpandStatesBeforeSearch());
+}
+
+TEST_F(HierarchicalViewTest, ASearchStartedAgainWithoutAnEndIsReported)
+{
+    ASSERT_TRUE(searchField.SimulateUserType("p"));
+    searchField.Clear();  // the program empties the field silently: no end of search
+    NK::AssertCapture capture;
+    ASSERT_TRUE(searchField.SimulateUserType("s"));
+    ASSERT_EQ(capture.GetExpressions(), (std::vector<std::string> {"expandStatesBeforeSearch == nullptr"}));
+    EXPECT_EQ(capture.GetReports()[0].location.file, "WZSources\\CompoundControls\\FolderedDataView\\Views\\WZFDVHierarchicalView");
+    EXPECT_TRUE(view->HasExpandStatesBeforeSearch());
+}
+
+TEST_F(HierarchicalViewTest, ANewSearchFilterTakesTheFieldsTextAtOnce)
+{
+    searchField.SetText("min");
+    auto filter = NK::NewOwned<NameSearchFilter>();
+    const NameSearchFilter* kept = filter.Get();
+    view->SetSearchFilter(std::move(filter));
+    EXPECT_EQ(kept->GetSearchText(), NK::UniString("min"));
+    view->Refresh();
+    EXPECT_FALSE(table.ContainsNode(IdOf("Plan")));
+    EXPECT_TRUE(table.ContainsNode(IdOf("Minutes")));
+}
+
+TEST_F(HierarchicalViewTest, TheComparatorIsHandedToTheFactory)
+{
+    view->SetItemComparator([](const TreeItem& a, const TreeItem& b) { return b.GetDisplayName() < a.GetDisplayName(); });
+    view->Refresh();
+    EXPECT_EQ(table.GetTopLevelNodes()[0].id, IdOf("Project"));
+}
+
+TEST_F(HierarchicalViewTest, RebuildingWithoutAFactoryIsReportedAndLeavesTheRows)
+{
+    view->SetItemFactory(nullptr);
+    NK::AssertCapture capture;
+    view->Refresh();
+    EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"itemFactory != nullptr"}));
+    EXPECT_EQ(table.GetNodeCount(), 8);
+}
+
+// ---- view state --------------------------------------------------------------------------
+
+class HierarchicalViewStateTest : public HierarchicalViewTest {
+protected:
+    static NK::Array<QM::TableView::Column> Columns()
+    {
+        return {QM::TableView::Column {"name", "Name", 200, true}, QM::TableView::Column {"size", "Size", 80, true}};
+    }
+    static std::vector<NK::Byte> Write(const View::ViewState& state)
+    {
+        NK::MemoryOChannel channel;
+        EXPECT_EQ(state.Write(channel), NK::NoError);
+        return channel.GetBytes();
+    }
+};
+
+TEST_F(HierarchicalViewStateTest, TheStateCarriesTheColumnLayoutAfterTheLayoutsPart)
+{
+    table.SetColumns(Columns());
+    ASSERT_TRUE(table.SimulateUserResizeColumn("size", 120));
+    HierarchicalView::ViewState written(NK::NewOwned<NumberLayoutState>(7), table.GetColumnLayout());
+    const std::vector<NK::Byte> bytes = Write(written);
+
+    HierarchicalView::ViewState read(NK::NewOwned<NumberLayoutState>(0), QM::TableView::ColumnLayout());
+    NK::MemoryIChannel channel(bytes);
+    ASSERT_EQ(read.Read(channel), NK::NoError);
+    EXPECT_EQ(static_cast<const NumberLayoutState*>(read.GetLayoutState())->number, 7);
+    EXPECT_EQ(read.GetColumnLayout(), written.GetColumnLayout());
+    EXPECT_EQ(Write(read), bytes);
+}
+
+TEST_F(HierarchicalViewStateTest, ADamagedStateLeavesTheColumnLayoutAsItWas)
+{
+    table.SetColumns(Columns());
+    HierarchicalView::ViewState written(NK::NewOwned<NumberLayoutState>(7), table.GetColumnLayout());
+    const std::vector<NK::Byte> bytes = Write(written);
+    const QM::TableView::ColumnLayout original({{"size", 10, false}});
+
+    for (std::size_t cut : {std::size_t {1}, bytes.size() - 1}) {
+        HierarchicalView::ViewState read(NK::NewOwned<NumberLayoutState>(0), original);
+        NK::MemoryIChannel channel(std::vector<NK::Byte>(bytes.begin(), bytes.begin() + static_cast<long>(cut)));
+        EXPECT_NE(read.Read(channel), NK::NoError) << cut;
+        EXPECT_EQ(read.GetColumnLayout(), original) << cut;
+    }
+}
+
+TEST_F(HierarchicalViewStateTest, AppearingWithAStateAppliesItsColumnLayout)
+{
+    table.SetColumns(Columns());
+    NK::Owner<View::ViewState> defaults = view->CreateDefaultState();
+    ASSERT_TRUE(table.SimulateUserMoveColumn("size", 0));
+    NK::Owner<View::ViewState> moved = view->GetState();
+    EXPECT_NE(static_cast<HierarchicalView::ViewState&>(*moved).GetColumnLayout(),
+              static_cast<HierarchicalView::ViewState&>(*defaults).GetColumnLayout());
+
+    view->WillDisappear();
+    table.ResetJournal();
+    view->WillAppear(View::OpenData {Selection {}, defaults.Get()});
+    EXPECT_EQ(table.GetColumns()[0].id, NK::UniString("name"));
+
+    // The same layout again is not applied a second time.
+    view->WillDisappear();
+    const NK::UInt64 applied = table.GetJournal().GetCount(QM::Op::SetValue);
+    view->WillAppear(View::OpenData {Selection {}, defaults.Get()});
+    EXPECT_EQ(table.GetJournal().GetCount(QM::Op::SetValue), applied);
+}
+
+}  // namespace
