@@ -114,6 +114,18 @@ public:
         DrawSuspender suspender(GetListBox());
         return updater.SetItems(std::move(rows));
     }
+    // The same for rows that a factory made and handed out as constant: the view takes them
+    // over all the same and deletes them when it lets them go.
+    SelectionKeeper SetItems(NK::Array<const Item*>&& newItems)
+    {
+        NK::Array<const Diffable*> rows;
+        rows.SetCapacity(newItems.GetSize());
+        for (const Item* item : newItems)
+            rows.Push(item);
+        newItems.Clear();
+        DrawSuspender suspender(GetListBox());
+        return updater.SetItems(std::move(rows));
+    }
 
     NK::UIndex GetItemCount() const noexcept { return updater.GetItems().GetSize(); }
     // The item of the row; null when the row shows none.

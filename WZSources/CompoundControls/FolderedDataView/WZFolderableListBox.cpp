@@ -110,4 +110,94 @@ void ListItemFactory::SetComparator(Comparator newComparator)
     comparator = std::move(newComparator);
 }
 
+UntypedListBox::UntypedListBox(QM::ListBox& listBox) : HomogenListBoxView(listBox)
+{
+    SetModelItemResolver([this](const NK::Guid& id) -> const ModelItem* {
+        const ModelItem* const* found = modelsById.GetPtr(id);
+        return found != nullptr ? *found : nullptr;
+    });
+}
+
+UntypedListBox::~UntypedListBox() = default;
+
+void UntypedListBox::Show()
+{
+    GetListBox().Show();
+}
+
+void UntypedListBox::Hide()
+{
+    GetListBox().Hide();
+}
+
+bool UntypedListBox::IsVisible() const
+{
+    return GetListBox().IsVisible();
+}
+
+UntypedListBox::SelectionKeeper UntypedListBox::SetItems(NK::Array<const ListBoxItem*>&& rows,
+                                                         const NK::Array<const ModelItem*>& models)
+{
+    SelectionKeeper keeper = HomogenListBoxView::SetItems(std::move(rows));
+    // Kept only for the ids shown, so that no row leads to an item of a forest that went away.
+    modelsById.Clear();
+    modelsById.EnsureSize(GetItemCount());
+    for (const ModelItem* model : models) {
+        const NK::Guid id = model->GetId();
+        if (ShowsId(id))
+            modelsById.Add(id, model);
+    }
+    return keeper;
+}
+
+void UntypedListBox::SelectItems(const NK::Array<const ModelItem*>& items)
+{
+    NK::Array<NK::Guid> ids;
+    ids.SetCapacity(items.GetSize());
+    for (const ModelItem* item : items)
+        ids.Push(item->GetId());
+    SelectItems(ids);
+}
+
+void UntypedListBox::SelectItems(const NK::Array<NK::Guid>& ids)
+{
+    HomogenListBoxView::SelectItems(ids);
+}
+
+NK::Array<const ModelItem*> UntypedListBox::GetModelItems() const
+{
+    return ModelsOf(GetItems());
+}
+
+NK::Array<const ModelItem*> UntypedListBox::GetSelectedModelItems() const
+{
+    return ModelsOf(GetSelectedItems());
+}
+
+void UntypedListBox::WillAppear()
+{
+    Show();
+}
+
+void UntypedListBox::WillDisappear()
+{
+    Hide();
+}
+
+short UntypedListBox::GetRow(const NK::Guid& id) const
+{
+    const short row = HomogenListBoxView::GetRow(id);
+    return row == 0 ? InvalidListItemIndex : row;
+}
+
+NK::Array<const ModelItem*> UntypedListBox::ModelsOf(const NK::Array<const ListBoxItem*>& rows) const
+{
+    NK::Array<const ModelItem*> models;
+    models.SetCapacity(rows.GetSize());
+    for (const ListBoxItem* row : rows)
+        if (const ModelItem* model = GetModelItem(row->GetId()))
+            models.Push(model);
+    return models;
+}
+
 }  // namespace WZ::Folderable

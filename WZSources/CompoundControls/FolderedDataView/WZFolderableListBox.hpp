@@ -12,6 +12,12 @@
 // (key: its Guid, text: its texts joined by single spaces) and keeps, in order, the items whose
 // key the search finds; an item without search texts is never found. The matching rule is the
 // base library's search (NK::Search).
+//
+// UntypedListBox is the list control of the foldered data view's list-based views: a columned
+// homogeneous list view (UntypedListSetup: short column ids, ListBoxItem rows) whose rows lead
+// back to the model items they were made from. SetItems takes the rows together with the model
+// items they stand for; each row finds its model item by the Guid they share. Row numbers follow
+// the toolkit (from 1); GetRow answers InvalidListItemIndex for an id that has no row.
 #pragma once
 
 #include "NK/NKArray.hpp"
@@ -20,6 +26,9 @@
 #include "NK/NKUniString.hpp"
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableFilterStatus.hpp"
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableListBoxItem.hpp"
+#include "WZSources/ListBoxView/WZHomogenListBoxView.hpp"
+
+#include "NK/NKHashTable.hpp"
 
 #include <functional>
 
@@ -82,6 +91,51 @@ public:
 private:
     NK::Owner<Filter> filter;
     Comparator comparator;
+};
+
+// The setup of the foldered data view's list: ListBoxItem rows in columns with short ids, each
+// row leading back to a model item.
+struct UntypedListSetup {
+    using Item = ListBoxItem;
+    using ColumnId = short;
+    using ModelItem = Folderable::ModelItem;
+};
+
+class UntypedListBox : public WZ::HomogenListBoxView<UntypedListSetup> {
+public:
+    static constexpr short InvalidListItemIndex = -1;
+
+    explicit UntypedListBox(QM::ListBox& listBox);
+    ~UntypedListBox();
+
+    void Show();
+    void Hide();
+    bool IsVisible() const;
+
+    // Shows the rows in this order and takes them over; `models` are the items the rows were
+    // made from (a model item without a row is not remembered). The keeper restores the
+    // selection by id.
+    SelectionKeeper SetItems(NK::Array<const ListBoxItem*>&& rows, const NK::Array<const ModelItem*>& models);
+
+    // Selects exactly the rows of these items (of these ids) that are shown.
+    void SelectItems(const NK::Array<const ModelItem*>& items);
+    void SelectItems(const NK::Array<NK::Guid>& ids);
+
+    // The model items of all rows, and of the selected rows, in row order.
+    NK::Array<const ModelItem*> GetModelItems() const;
+    NK::Array<const ModelItem*> GetSelectedModelItems() const;
+
+    // The view that uses the list is shown or hidden: so is the list box.
+    void WillAppear();
+    void WillDisappear();
+
+    // The row of the id, InvalidListItemIndex when no row shows it.
+    short GetRow(const NK::Guid& id) const;
+
+private:
+    NK::Array<const ModelItem*> ModelsOf(const NK::Array<const ListBoxItem*>& rows) const;
+
+    NK::HashTable<NK::Guid, const ModelItem*> modelsById;
 };
 
 }  // namespace WZ::Folderable
