@@ -13,22 +13,12 @@ namespace {
 
 constexpr const char* LogFile = "WZFolderableHierarchicalView";
 
-void IndexLevel(NK::HashTable<NK::Guid, HierarchicalTableView::DataProvider::ItemIndex::Entry>& entries,
-                NK::Array<NK::Array<NK::Guid>>& levels, HierarchicalTreeItem& item, const NK::Guid& parentId,
-                NK::Int32 depth)
+NK::UIndex CountRows(const NK::Array<NK::Owner<TreeItem>>& rows)
 {
-    using Entry = HierarchicalTableView::DataProvider::ItemIndex::Entry;
-    const NK::Guid id = item.GetId();
-    if (Entry* known = entries.GetPtr(id)) {
-        ++known->occurrences;
-    } else {
-        entries.Add(id, Entry {&item, parentId, depth, 1});
-        while (levels.GetSize() <= static_cast<NK::UIndex>(depth))
-            levels.Push({});
-        levels[static_cast<NK::UIndex>(depth)].Push(id);
-    }
-    for (HierarchicalTreeItem* child : item.GetChildren())
-        IndexLevel(entries, levels, *child, id, depth + 1);
+    NK::UIndex count = rows.GetSize();
+    for (const NK::Owner<TreeItem>& row : rows)
+        count += CountRows(row->GetChildren());
+    return count;
 }
 
 }  // namespace
@@ -37,10 +27,55 @@ void IndexLevel(NK::HashTable<NK::Guid, HierarchicalTableView::DataProvider::Ite
 
 void HierarchicalTableView::DataProvider::ItemIndex::Rebuild(const NK::Array<NK::Owner<HierarchicalTreeItem>>& topLevel)
 {
-    entries.Clear();
+    NK::UIndex count = topLevel.GetSize();
+    for (const NK::Owner<HierarchicalTreeItem>& item : topLevel)
+        count += CountRows(item->TreeItem::GetChildren());
+    entries.clear();
+    entries.reserve(count);
+    std::size_t slotCount = 16;
+    while (slotCount < 2 * static_cast<std::size_t>(count))
+        slotCount *= 2;
+    slots.assign(slotCount, 0);
     levels.Clear();
     for (const NK::Owner<HierarchicalTreeItem>& item : topLevel)
-        IndexLevel(entries, levels, *item, HierarchicalItemId::virtualRootId, 0);
+        Add(*item, HierarchicalItemId::virtualRootId, 0);
+}
+
+std::size_t HierarchicalTableView::DataProvider::ItemIndex::SlotOf(const NK::Guid& id) const
+{
+    // The table is never more than half full, so the probe ends at an empty slot or at the id.
+    const std::size_t mask = slots.size() - 1;
+    for (std::size_t slot = id.GenerateHashValue() & mask;; slot = (slot + 1) & mask) {
+        if (slots[slot] == 0 || entries[slots[slot] - 1].id == id)
+            return slot;
+    }
+}
+
+const HierarchicalTableView::DataProvider::ItemIndex::Entry*
+HierarchicalTableView::DataProvider::ItemIndex::Find(const NK::Guid& id) const
+{
+    if (slots.empty())
+        return nullptr;
+    const NK::UInt32 number = slots[SlotOf(id)];
+    return number == 0 ? nullptr : &entries[number - 1];
+}
+
+void HierarchicalTableView::DataProvider::ItemIndex::Add(HierarchicalTreeItem& item, const NK::Guid& parentId, NK::Int32 depth)
+{
+    const NK::Guid id = item.GetId();
+    const std::size_t slot = SlotOf(id);
+    if (slots[slot] != 0) {
+        ++entries[slots[slot] - 1].occurrences;
+    } else {
+        entries.push_back(Entry {id, &item, parentId, depth, 1});
+        slots[slot] = static_cast<NK::UInt32>(entries.size());
+        while (levels.GetSize() <= static_cast<NK::UIndex>(depth))
+            levels.Push({});
+        levels[static_cast<NK::UIndex>(depth)].Push(id);
+    }
+    // The children are hierarchical rows too (the view checks the forest before it gets here).
+    for (const NK::Owner<TreeItem>& child : item.TreeItem::GetChildren())
+        Add(static_cast<HierarchicalTreeItem&>(*child), id, depth + 1);
 }
 
 HierarchicalTableView::DataProvider::DataProvider() = default;

@@ -23,6 +23,7 @@
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableHierarchicalTreeItem.hpp"
 
 #include <optional>
+#include <vector>
 
 namespace WZ::Folderable {
 
@@ -50,6 +51,7 @@ public:
         class ItemIndex {
         public:
             struct Entry {
+                NK::Guid id;
                 HierarchicalTreeItem* item = nullptr;  // the first row in pre-order with the id
                 NK::Guid parentId;
                 NK::Int32 depth = 0;
@@ -57,12 +59,18 @@ public:
             };
 
             void Rebuild(const NK::Array<NK::Owner<HierarchicalTreeItem>>& topLevel);
-            const Entry* Find(const NK::Guid& id) const { return entries.GetPtr(id); }
+            // The entry of the id; null when no row has it.
+            const Entry* Find(const NK::Guid& id) const;
             const NK::Array<NK::Array<NK::Guid>>& GetLevels() const noexcept { return levels; }
-            NK::UIndex GetSize() const noexcept { return entries.GetSize(); }
+            NK::UIndex GetSize() const noexcept { return entries.size(); }
 
         private:
-            NK::HashTable<NK::Guid, Entry> entries;
+            void Add(HierarchicalTreeItem& item, const NK::Guid& parentId, NK::Int32 depth);
+            std::size_t SlotOf(const NK::Guid& id) const;
+
+            // Entries in pre-order, found through an open-addressed table of entry numbers + 1.
+            std::vector<Entry> entries;
+            std::vector<NK::UInt32> slots;
             NK::Array<NK::Array<NK::Guid>> levels;
         };
 

@@ -46,6 +46,9 @@ TreeItemFactory::Filter::Status TreeItemFactory::SearchFilter::GetStatus(const M
     const NK::Array<NK::UniString> texts = GetSearchTexts(item);
     if (texts.IsEmpty())
         return Status::IncludedIfAnyChild;
+    // An empty search text matches every entry; no search needs to be run to know it.
+    if (searchText.IsEmpty())
+        return Status::Included;
     return ListItemFactory::SearchFilter::IsMatching(searchText, texts) ? Status::Included : Status::IncludedIfAnyChild;
 }
 
