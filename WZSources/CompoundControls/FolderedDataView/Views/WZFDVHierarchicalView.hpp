@@ -9,7 +9,9 @@
 // - A search keeps the expansion from before it, shows every match with the path to it opened,
 //   and its end brings back the rows and the folders open before the search. The selection at the
 //   end is the row picked during the search, or, when none was, the selection from before it.
-//   A search ended after the view was re-shown (so that nothing was kept) opens the first level.
+//   Each change of the search text rebuilds the rows and leaves nothing selected. A view shown
+//   in the middle of a search opens every match; ending that search (nothing was kept) opens the
+//   first level only.
 // - While another view is shown the open folders are kept in the in-memory state (the first time
 //   the view is seen, the first level opens) and come back when the view appears again.
 // - The view state is the layout's state followed by the table's column layout.
