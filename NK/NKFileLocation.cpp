@@ -27,7 +27,7 @@ std::filesystem::path HomeFolder()
 
 std::filesystem::path UserDataFolder()
 {
-    // The base directory specification ignores relative values.
+    // The XDG base-directory rules ignore relative values.
     if (const char* dataHome = std::getenv("XDG_DATA_HOME"); dataHome != nullptr && *dataHome == '/')
         return dataHome;
     std::filesystem::path home = HomeFolder();
