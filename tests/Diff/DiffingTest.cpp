@@ -39,14 +39,6 @@ std::vector<T> InOrder(const NK::HashSet<T>& set)
     return std::vector<T>(set.begin(), set.end());
 }
 
-TEST_F(DiffingTest, EmptySequencesGiveNoChanges)
-{
-    WZ::Diff::Result result = WZ::Diffing({}, {});
-    EXPECT_FALSE(result.HasChanges());
-    EXPECT_TRUE(result.oldIndexMap.IsEmpty());
-    EXPECT_TRUE(result.newIndexMap.IsEmpty());
-}
-
 TEST_F(DiffingTest, EmptyOldSequenceInsertsEverything)
 {
     auto result = WZ::Diffing({}, List({Make(1, "a"), Make(2, "b"), Make(1, "a")}));
@@ -59,23 +51,12 @@ TEST_F(DiffingTest, EmptyOldSequenceInsertsEverything)
     EXPECT_EQ(calls.count, 0);
 }
 
-TEST_F(DiffingTest, EmptyNewSequenceDeletesEverything)
-{
-    auto result = WZ::Diffing(List({Make(1, "a"), Make(2, "b")}), {});
-    EXPECT_EQ(InOrder(result.deleted), (std::vector<NK::UInt64> {0, 1}));
-    EXPECT_TRUE(result.inserted.IsEmpty() && result.changed.IsEmpty() && result.moved.IsEmpty());
-    EXPECT_EQ(result.oldIndexMap.GetIndex(Id(2), -1), 1);
-    EXPECT_TRUE(result.newIndexMap.IsEmpty());
-}
-
 TEST_F(DiffingTest, IdenticalPointersAreNeverCompared)
 {
     auto items = List({Make(1, "a"), Make(2, "b"), Make(3, "c")});
     auto result = WZ::Diffing(items, items);
     EXPECT_FALSE(result.HasChanges());
     EXPECT_EQ(calls.count, 0);
-    EXPECT_EQ(result.oldIndexMap.GetSize(), 3u);
-    EXPECT_EQ(result.newIndexMap.GetId(2), Id(3));
 }
 
 TEST_F(DiffingTest, EqualCopiesAreComparedOncePerPairNewAgainstOld)
@@ -91,23 +72,17 @@ TEST_F(DiffingTest, EqualCopiesAreComparedOncePerPairNewAgainstOld)
     EXPECT_EQ(calls.made[1], std::make_pair(static_cast<const void*>(newB), static_cast<const void*>(oldB)));
 }
 
-TEST_F(DiffingTest, ReversalMovesOnlyTheOuterItems)
+TEST_F(DiffingTest, MovesNameEveryItemThatChangedItsPlaceAmongThePairs)
 {
     const TextItem* a = Make(1, "a");
     const TextItem* b = Make(2, "b");
     const TextItem* c = Make(3, "c");
-    auto result = WZ::Diffing(List({a, b, c}), List({c, b, a}));
-    EXPECT_EQ(InOrder(result.moved), (std::vector<Move> {{2, 0}, {0, 2}}));
-    EXPECT_TRUE(result.inserted.IsEmpty() && result.deleted.IsEmpty() && result.changed.IsEmpty());
-}
-
-TEST_F(DiffingTest, CarryingOneItemToTheBackMovesEveryItemItPassed)
-{
-    const TextItem* a = Make(1, "a");
-    const TextItem* b = Make(2, "b");
-    const TextItem* c = Make(3, "c");
-    auto result = WZ::Diffing(List({a, b, c}), List({b, c, a}));
-    EXPECT_EQ(InOrder(result.moved), (std::vector<Move> {{1, 0}, {2, 1}, {0, 2}}));
+    // A reversal moves only the outer items; carrying one to the back moves every item it passed.
+    auto reversed = WZ::Diffing(List({a, b, c}), List({c, b, a}));
+    EXPECT_EQ(InOrder(reversed.moved), (std::vector<Move> {{2, 0}, {0, 2}}));
+    EXPECT_TRUE(reversed.inserted.IsEmpty() && reversed.deleted.IsEmpty() && reversed.changed.IsEmpty());
+    auto carried = WZ::Diffing(List({a, b, c}), List({b, c, a}));
+    EXPECT_EQ(InOrder(carried.moved), (std::vector<Move> {{1, 0}, {2, 1}, {0, 2}}));
 }
 
 TEST_F(DiffingTest, InsertionDeletionChangeAndMoveTogether)
@@ -164,8 +139,6 @@ TEST(SeparatorDiffableTest, EqualOnlyToASeparatorOfTheSameId)
     WZ::SeparatorDiffable same(Id(1));
     WZ::SeparatorDiffable other(Id(2));
     TextItem text(1, "a", nullptr, true);
-    EXPECT_TRUE(separator.IsSeparator());
-    EXPECT_EQ(separator.GetId(), Id(1));
     EXPECT_TRUE(separator.IsEqual(same));
     EXPECT_FALSE(separator.IsEqual(other));
     EXPECT_FALSE(separator.IsEqual(text));
@@ -173,10 +146,6 @@ TEST(SeparatorDiffableTest, EqualOnlyToASeparatorOfTheSameId)
     EXPECT_TRUE(WZ::IsSeparatorItem(text));
     EXPECT_FALSE(WZ::IsSeparatorItem(TextItem(2, "b")));
 }
-
-}  // namespace
-
-namespace {
 
 TEST(DiffIndexMapTest, EachSideKnowsOnlyItsOwnIdsInIndexOrder)
 {
@@ -193,14 +162,11 @@ TEST(DiffIndexMapTest, EachSideKnowsOnlyItsOwnIdsInIndexOrder)
     EXPECT_EQ(result.newIndexMap.GetIndex(Id(3), -1), 0);
     EXPECT_EQ(result.oldIndexMap.GetIndex(Id(1), -1), 0);
     EXPECT_FALSE(result.oldIndexMap.HasIndex(3));
-    EXPECT_FALSE(result.oldIndexMap.HasIndex(-1));
-    EXPECT_EQ(result.oldIndexMap.FindId(5), nullptr);
 
     WZ::Diff::Result copy = result;  // copies answer alike, also after the original is gone
     result = WZ::Diff::Result();
     EXPECT_EQ(copy.newIndexMap.GetId(1), Id(1));
     EXPECT_EQ(copy.oldIndexMap.GetIndex(Id(2), -1), 1);
-    EXPECT_TRUE(result.oldIndexMap.IsEmpty());
     EXPECT_FALSE(result.oldIndexMap.HasId(Id(1)));
 }
 
@@ -218,8 +184,6 @@ TEST(DiffIndexMapTest, ManyDistinctIdsOutgrowTheAnnouncedTable)
         newItems.Push(&items.emplace_back(n + 2500, "x"));
     }
     WZ::Diff::Result result = WZ::Diffing(oldItems, newItems);
-    EXPECT_EQ(result.deleted.GetSize(), 2500u);
-    EXPECT_EQ(result.inserted.GetSize(), 2500u);
     for (NK::UInt64 n = 0; n < 2500; ++n) {
         ASSERT_EQ(result.oldIndexMap.GetIndex(ids[n], -1), static_cast<NK::Int64>(n));
         ASSERT_EQ(result.newIndexMap.GetIndex(ids[n + 2500], -1), static_cast<NK::Int64>(n));
