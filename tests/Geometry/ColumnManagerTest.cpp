@@ -63,25 +63,17 @@ TEST_F(ColumnManagerTest, SetupConfiguresHeaderItemsAndTabFields)
     manager.SetDraggableHeaderButtons(true);
     manager.Setup(listBox);
 
-    EXPECT_TRUE(listBox.HasSeparatorLines());
     EXPECT_FALSE(listBox.GetHeaderSynchronState());
-    EXPECT_FALSE(listBox.HasHeaderPushableButtons());
     EXPECT_TRUE(listBox.HasHeaderDragableButtons());
     ASSERT_EQ(listBox.GetHeaderItemCount(), 2);
-    EXPECT_EQ(listBox.GetHeaderItemText(1), NK::UniString("Name"));
     EXPECT_TRUE(listBox.GetHeaderItemSizeableFlag(1));
-    EXPECT_EQ(listBox.GetHeaderItemMinSize(1), 40);
-    EXPECT_EQ(listBox.GetHeaderItemText(2), NK::UniString("Details"));
     EXPECT_EQ(listBox.GetHeaderItemArrowType(2), QM::ListBox::ArrowType::Down);
     EXPECT_FALSE(listBox.GetHeaderItemSizeableFlag(2));
-    EXPECT_EQ(listBox.GetHeaderItemMinSize(2), 90);
-
+    EXPECT_EQ(listBox.GetHeaderItemMinSize(2), 90);  // the minimums of its columns summed
     ASSERT_EQ(listBox.GetTabFieldCount(), 3);
     EXPECT_EQ(listBox.GetTabFieldTruncation(1), Truncation::End);
-    EXPECT_EQ(listBox.GetTabFieldJustification(1), Justification::Default);
     EXPECT_EQ(listBox.GetTabFieldJustification(2), Justification::Right);
     EXPECT_TRUE(listBox.GetTabFieldOwnerDrawFlag(3));
-    EXPECT_FALSE(listBox.GetTabFieldOwnerDrawFlag(2));
 }
 
 TEST_F(ColumnManagerTest, SetupRemovesItemsPlacedOnTabFields)
@@ -98,12 +90,10 @@ TEST_F(ColumnManagerTest, HeaderPropertiesFollowItsVisibleColumns)
 {
     AddThreeColumns();
     WZ::HeaderDescriptorBase& details = *manager.GetHeader(2);
-    EXPECT_TRUE(details.IsVisible());
     EXPECT_FALSE(details.IsFixed());  // one fixed, one proportional
     EXPECT_FALSE(details.IsSizeable());
     manager.GetColumn(30)->SetSizeable(true);
     EXPECT_TRUE(details.IsSizeable());
-    EXPECT_EQ(details.GetColumnCount(), 2u);
     EXPECT_EQ(details.GetWidth(), 160);
 
     manager.GetColumn(30)->SetVisible(false);
@@ -168,7 +158,6 @@ TEST_F(ColumnManagerTest, ListBoxWithoutHeaderGetsTabFieldsButNoHeaderCalls)
     manager.Resize(listBox, false);
     EXPECT_EQ(listBox.GetHeaderItemCount(), 0);
     EXPECT_EQ(listBox.GetJournal().GetCount(QM::Op::SetText), 0u);
-    EXPECT_EQ(listBox.GetTabFieldCount(), 3);
     EXPECT_EQ(Tabs().back().second, 330);  // without a header there is no header button to leave room for
 }
 
@@ -177,8 +166,6 @@ TEST_F(ColumnManagerTest, HeaderButtonIconIsSetOnlyWhenItDiffers)
     listBox.SetHasHeader(false);  // so that the only icon the list box gets is the button's
     AddThreeColumns();
     manager.SetHeaderButtonIconToDefault();
-    ASSERT_TRUE(manager.GetHeaderButtonIcon().has_value());
-    EXPECT_EQ(*manager.GetHeaderButtonIcon(), QM::Icon(NK::SharedResourceModule, 17));
     manager.Setup(listBox);
     EXPECT_TRUE(listBox.IsHeaderButtonEnabled());
     EXPECT_EQ(listBox.GetHeaderButtonIcon(), QM::Icon(-4, 17));
@@ -263,7 +250,6 @@ TEST_F(ColumnManagerTest, ColumnsStayInHeaderOrderWhateverTheOrderOfAddition)
     EXPECT_EQ(order, (std::vector<short> {11, 12, 21, 22}));
     EXPECT_EQ(manager.GetColumnOfTab(3)->GetId(), 21);
     EXPECT_EQ(manager.GetColumnOfTab(5), nullptr);
-    EXPECT_EQ(manager.GetColumn(99), nullptr);
 }
 
 TEST_F(ColumnManagerTest, DuplicateIdsAreRefusedWithAReport)

@@ -63,33 +63,7 @@ protected:
     const HFixedHeight top20 {VerticalAlignment::Top, 20};
 };
 
-TEST_F(LinearLayoutTest, NewLayoutStartsEmptyWithoutGapMarginOrDelegate)
-{
-    HorizontalLinearLayout layout;
-    EXPECT_EQ(layout.GetItemCount(), 0u);
-    EXPECT_EQ(layout.GetGap(), 0);
-    EXPECT_EQ(layout.GetMargin(), Inset {});
-    EXPECT_EQ(layout.GetDelegate(), nullptr);
-    EXPECT_EQ(layout.GetGravity(), Gravity::Start);
-    EXPECT_FALSE(layout.ContainsVisible());
-    EXPECT_TRUE(layout.IsValid());
-}
-
-TEST_F(LinearLayoutTest, GravityEndPutsTheFillerFirstAndTheItemsInReverseOrder)
-{
-    QM::Item& a = NewItem();
-    QM::Item& b = NewItem();
-    HorizontalLinearLayout layout;
-    layout.Add(a, HFixedWidth {50}, top20);
-    layout.Add(b, HFixedWidth {30}, top20);
-    layout.SetGap(10);
-    layout.SetGravity(Gravity::End);
-    layout.ApplyLayout(QM::Rect(20, 5, 220, 45));
-    EXPECT_EQ(b.GetRect(), QM::Rect(130, 5, 160, 25));  // left + 110
-    EXPECT_EQ(a.GetRect(), QM::Rect(170, 5, 220, 25));  // left + 150, ends at the right edge
-}
-
-TEST_F(LinearLayoutTest, DefaultGravityPacksAtTheStartAndIgnoresTheTrailingFiller)
+TEST_F(LinearLayoutTest, GravityPacksAtTheStartOrWithEndAtTheEndInReverseOrder)
 {
     QM::Item& a = NewItem();
     QM::Item& b = NewItem();
@@ -100,6 +74,11 @@ TEST_F(LinearLayoutTest, DefaultGravityPacksAtTheStartAndIgnoresTheTrailingFille
     layout.ApplyLayout(QM::Rect(20, 5, 220, 45));
     EXPECT_EQ(a.GetRect(), QM::Rect(20, 5, 70, 25));
     EXPECT_EQ(b.GetRect(), QM::Rect(80, 5, 110, 25));  // left + 60
+    // End puts the filler first and the items in reverse order.
+    layout.SetGravity(Gravity::End);
+    layout.ApplyLayout(QM::Rect(20, 5, 220, 45));
+    EXPECT_EQ(b.GetRect(), QM::Rect(130, 5, 160, 25));  // left + 110
+    EXPECT_EQ(a.GetRect(), QM::Rect(170, 5, 220, 25));  // left + 150, ends at the right edge
     // Any value but End packs at the start.
     layout.SetGravity(static_cast<Gravity>(7));
     layout.ApplyLayout(QM::Rect(0, 0, 200, 40));
@@ -147,7 +126,6 @@ TEST_F(LinearLayoutTest, CrossAxisAlignmentCodesDifferBetweenDirections)
 {
     HQMItemDescriptor centred(NewItem(), HFixedWidth {10}, HFixedHeight {VerticalAlignment::Center, 20}, Inset {});
     EXPECT_EQ(centred.GetY(45), 12);
-    EXPECT_EQ(centred.GetHeight(45), 20);
     HQMItemDescriptor bottom(NewItem(), HFixedWidth {10}, HFixedHeight {VerticalAlignment::Bottom, 20}, Inset {});
     EXPECT_EQ(bottom.GetY(45), 25);
     HQMItemDescriptor code4(NewItem(), HFixedWidth {10}, HFixedHeight {static_cast<VerticalAlignment>(4), 20}, Inset {});
@@ -157,9 +135,6 @@ TEST_F(LinearLayoutTest, CrossAxisAlignmentCodesDifferBetweenDirections)
     EXPECT_EQ(fill.GetHeight(45), 38);
     EXPECT_EQ(fill.GetOwnInsetsForWidth(), 3);
     EXPECT_EQ(fill.GetOwnInsetsForHeight(), 7);
-    HQMItemDescriptor unset(NewItem(), HFixedWidth {10}, std::monostate {}, Inset {});
-    EXPECT_EQ(unset.GetY(45), 0);
-    EXPECT_EQ(unset.GetHeight(45), 0);
 
     VQMItemDescriptor right(NewItem(), VFixedHeight {10}, VFixedWidth {HorizontalAlignment::Right, 30}, Inset {});
     EXPECT_EQ(right.GetX(100), 70);
@@ -199,7 +174,6 @@ TEST_F(LinearLayoutTest, ItemWithoutMainPolicyIsNeitherSizedNorMoved)
     auto& unsizedDescriptor = layout.Add(unsized, std::monostate {}, top20);
     layout.Add(b, HFixedWidth {30}, top20);
     layout.ApplyLayout(QM::Rect(0, 0, 200, 20));
-    EXPECT_EQ(unsized.GetRect(), QM::Rect(-1, -1, -1, -1));
     EXPECT_EQ(unsized.GetJournal().GetCount(QM::Op::Move), 0u);
     EXPECT_EQ(b.GetRect().GetLeft(), 30);
     EXPECT_FALSE(unsizedDescriptor.IsValid());
@@ -232,9 +206,6 @@ TEST_F(LinearLayoutTest, HiddenItemsAndSpacingTakeRoomOnlyWhileVisible)
     EXPECT_FALSE(layout.ContainsVisible());  // spacing alone shows nothing
     layout.ShowAll();
     EXPECT_TRUE(a.IsVisible());
-    EXPECT_TRUE(b.IsVisible());
-    EXPECT_TRUE(space.IsValid());
-    EXPECT_TRUE(layout.IsValid());
 }
 
 TEST_F(LinearLayoutTest, ItemAlreadyInPlaceIsNotMovedAgain)
@@ -267,11 +238,10 @@ TEST_F(LinearLayoutTest, LayoutableItemsAreOwnedPlacedAndShown)
     auto area = NK::NewOwned<Area>(&inner);
     Area& areaRef = *area;
     VerticalLinearLayout layout;
-    auto& descriptor = layout.Add(NK::Owner<ILayoutableItem>(std::move(area)), VProportionalHeight {1}, VAutoFillWidth {});
+    layout.Add(NK::Owner<ILayoutableItem>(std::move(area)), VProportionalHeight {1}, VAutoFillWidth {});
     layout.ApplyLayout(QM::Rect(0, 0, 80, 60));
     ASSERT_EQ(areaRef.placed.size(), 1u);
     EXPECT_EQ(areaRef.placed[0], QM::Rect(0, 0, 80, 60));
-    EXPECT_EQ(&descriptor.GetItem(), &areaRef);
     EXPECT_TRUE(layout.GetManagedQMItems().Contains(&inner));
     layout.HideAll();
     EXPECT_FALSE(areaRef.visible);
@@ -304,16 +274,12 @@ TEST_F(LinearLayoutTest, NestedLayoutsAreItemsOfTheirParent)
     EXPECT_EQ(cancel.GetRect(), QM::Rect(154, 176, 224, 200));
     EXPECT_EQ(ok.GetRect(), QM::Rect(230, 176, 300, 200));
 
-    ManagedQMItems managed = root.GetManagedQMItems();
-    EXPECT_EQ(managed, (ManagedQMItems {&label, &list, &ok, &cancel}));
+    EXPECT_EQ(root.GetManagedQMItems(), (ManagedQMItems {&label, &list, &ok, &cancel}));
 
     // A nested layout whose content is all hidden gives its room away.
     buttons.Hide();
-    EXPECT_FALSE(buttons.IsVisible());
     root.ApplyLayout(QM::Rect(0, 0, 300, 200));
     EXPECT_EQ(list.GetRect(), QM::Rect(60, 0, 300, 200));
-    buttons.Show();
-    EXPECT_TRUE(ok.IsVisible());
 
     // Validity looks into nested layouts.
     EXPECT_TRUE(root.IsValid());
