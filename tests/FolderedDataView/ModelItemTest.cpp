@@ -21,19 +21,11 @@ TEST_F(ModelItemTest, CollectsTheForestInPreOrder)
 {
     EXPECT_EQ(Names(ModelItem::ToPtrArrayRecursive(forest)), "A B D C E");
     EXPECT_EQ(Names(A().GetChildrenPtrRecursive()), "B D C");
-    EXPECT_EQ(Names(ModelItem::ToPtrArray(forest)), "A E");
     EXPECT_EQ(Names(A().GetChildrenPtr()), "B C");
-
-    const ModelItem& d = *A().GetChildren()[0]->GetChildren()[0];
-    EXPECT_TRUE(d.GetChildrenPtrRecursive().IsEmpty());
 
     NK::Array<const ModelItem*> out = {forest[1].Get()};
     ModelItem::CollectChildrenPtrRecursive(A().GetChildren(), out);
     EXPECT_EQ(Names(out), "E B D C") << "collecting appends to what the array holds";
-
-    NK::Array<NK::Owner<ModelItem>> none;
-    EXPECT_TRUE(ModelItem::ToPtrArray(none).IsEmpty());
-    EXPECT_TRUE(ModelItem::ToPtrArrayRecursive(none).IsEmpty());
 }
 
 TEST_F(ModelItemTest, ChildrenPointBackAtTheirParent)
@@ -42,7 +34,6 @@ TEST_F(ModelItemTest, ChildrenPointBackAtTheirParent)
     EXPECT_EQ(A().GetParent(), nullptr);
     EXPECT_EQ(b.GetParent(), &A());
     EXPECT_EQ(b.GetChildren()[0]->GetParent(), &b);
-    EXPECT_EQ(A().GetChildren()[1]->GetParent(), &A());
 }
 
 TEST_F(ModelItemTest, AddingAnItemThatHasAParentIsReportedAndTakenAnyway)
@@ -86,7 +77,6 @@ TEST_F(ModelItemTest, FindsTheFirstItemOfAnIdInPreOrder)
 
     EXPECT_EQ(FindModelItemById(forest, IdOf("C")), forest[0]->GetChildren()[1].Get());
     EXPECT_EQ(FindModelItemById(forest, NK::Guid::FromNumber(1, 2)), nullptr);
-    EXPECT_EQ(FindModelItemById({}, IdOf("A")), nullptr);
 }
 
 }  // namespace

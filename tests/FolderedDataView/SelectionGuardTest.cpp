@@ -114,9 +114,6 @@ TEST(SelectionTest, EqualOnlyWithTheSameItemsInTheSameOrder)
     EXPECT_NE(Selection({&a, &b}), Selection({&b, &a})) << "order counts";
     EXPECT_NE(Selection({&a}), Selection({&aTwin})) << "addresses count, not ids";
     EXPECT_NE(Selection({&a}), Selection({&a, &b}));
-    EXPECT_EQ(Selection(), Selection(NK::Array<const ModelItem*>()));
-    EXPECT_TRUE(Selection().IsEmpty());
-    EXPECT_FALSE(Selection({&a}).IsEmpty());
 }
 
 TEST_F(SelectionGuardTest, AUserChangeOutsideAGuardNotifiesAtOnce)
@@ -224,10 +221,7 @@ TEST_F(SelectionGuardTest, RegisteredViewsBorrowTheForestOfTheDataView)
     ForestProbe* registered = probe.Get();
     dataView.RegisterView(FolderedDataView::ViewMode::TreeAndList, std::move(probe));
     EXPECT_EQ(registered->Forest(), &dataView.GetItems());
-    EXPECT_TRUE(dataView.HasView(FolderedDataView::ViewMode::TreeAndList));
-    EXPECT_EQ(dataView.GetView(FolderedDataView::ViewMode::TreeAndList), registered);
-    EXPECT_EQ(dataView.GetViews().GetSize(), 2u);
-    EXPECT_EQ(dataView.GetCurrentView(), view);
+    EXPECT_EQ(dataView.GetCurrentView(), view) << "registering another mode's view keeps the current one";
 }
 
 TEST_F(SelectionGuardTest, CurrentControlSelectionComesFromTheView)

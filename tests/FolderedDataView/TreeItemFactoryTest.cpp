@@ -133,15 +133,6 @@ TEST_F(TreeItemFactoryTest, SortsEachLevelWithTheComparator)
     EXPECT_EQ(Describe(Create(nullptr)), "item 10(b,C,a),Item 2,item 1") << "no comparator: model order";
 }
 
-TEST_F(TreeItemFactoryTest, EmptyModelGivesAnEmptyForestWithoutCreatingItems)
-{
-    StatusFilter filter;
-    factory.SetItemFilter(&filter);
-    EXPECT_TRUE(factory.CreateTree({}).IsEmpty());
-    EXPECT_EQ(factory.created, 0);
-    EXPECT_TRUE(filter.asked.empty());
-}
-
 TEST_F(TreeItemFactoryTest, OwnsAnOwnedFilterUntilReplaced)
 {
     bool deleted = false;
@@ -198,10 +189,6 @@ TEST_F(TreeItemFactoryTest, CombinedFilterNeedsTheItemFilterToIncludeExactly)
     StatusFilter includeAll;
     EXPECT_EQ(WZ::Folderable::Views::CombinedTreeItemFilter(includeAll, excluding).GetStatus(plan), S::Excluded);
 }
-
-}  // namespace
-
-namespace {
 
 // The default order is made from collation keys; it must agree with comparing pairs.
 TEST_F(TreeItemFactoryTest, DefaultOrderAgreesWithNaturalComparisonOfNames)
