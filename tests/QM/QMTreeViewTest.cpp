@@ -133,29 +133,12 @@ TEST_F(QMTreeViewTest, DeletingANodeDeletesItsSubtreeAndHandlesAreNeverReused)
     EXPECT_GT(single.AppendItem(0), c);
 }
 
-TEST_F(QMTreeViewTest, NodesKeepTheirLookAndData)
+TEST_F(QMTreeViewTest, ADeletedNodeLetsItsRecordGo)
 {
     int a = Add(single, 0, Tree::LastPosition, "a");
     NK::Ref<NK::Object> record = NK::NewRef<NK::Object>();
-    single.SetItemNormalIcon(a, QM::Icon(5, 2));
-    single.SetItemStateIcon(a, QM::Icon(5, 3));
-    single.SetItemFontStyle(a, QM::Font::Italic);
-    single.SetItemColor(a, QM::Color(255, 0, 0));
-    single.SetItemBackgroundColor(a, QM::Color(0, 0, 255));
     single.SetItemObjectData(a, record);
-    single.SetItemStatus(a, Tree::ItemStatus::Grayed);
-    EXPECT_EQ(single.GetItemNormalIcon(a), QM::Icon(5, 2));
-    EXPECT_EQ(single.GetItemStateIcon(a), QM::Icon(5, 3));
-    EXPECT_EQ(single.GetItemOverlayIcon(a), QM::Icon());
-    EXPECT_EQ(single.GetItemFontStyle(a), QM::Font::Italic);
-    EXPECT_EQ(single.GetItemColor(a), QM::Color(255, 0, 0));
-    EXPECT_EQ(single.GetItemBackgroundColor(a), QM::Color(0, 0, 255));
     EXPECT_EQ(single.GetItemObjectData(a), record);
-    EXPECT_EQ(single.GetItemStatus(a), Tree::ItemStatus::Grayed);
-    single.ResetItemColor(a);
-    single.ResetItemBackgroundColor(a);
-    EXPECT_FALSE(single.GetItemColor(a).has_value());
-    EXPECT_FALSE(single.GetItemBackgroundColor(a).has_value());
 
     single.DeleteItem(a);
     EXPECT_EQ(record.GetRefCount(), 1);  // the deleted node let its record go
