@@ -115,7 +115,8 @@ public:
         return updater.SetItems(std::move(rows));
     }
     // The same for rows that a factory made and handed out as constant: the view takes them
-    // over all the same and deletes them when it lets them go.
+    // over all the same and deletes them when it lets them go. A caller that switched drawing
+    // off itself gets no redraw of its own.
     SelectionKeeper SetItems(NK::Array<const Item*>&& newItems)
     {
         NK::Array<const Diffable*> rows;
@@ -123,7 +124,9 @@ public:
         for (const Item* item : newItems)
             rows.Push(item);
         newItems.Clear();
-        DrawSuspender suspender(GetListBox());
+        NK::Optional<DrawSuspender> suspender;
+        if (GetListBox().IsDrawEnabled())
+            suspender.emplace(GetListBox());
         return updater.SetItems(std::move(rows));
     }
 

@@ -1,0 +1,215 @@
+// The flat view: every item of the forest in one sorted list, rebuilt with the fewest list
+// operations, its selection kept by id and reported once per change, and narrowed by a search.
+#include "ListsTestBench.hpp"
+
+#include "NK/NKAssert.hpp"
+#include "NK/NKMemoryChannel.hpp"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace FDVListsTest;
+
+class FlatListViewTest : public ::testing::Test {
+protected:
+    FlatListViewTest() : forest(BuildForest(SampleForest())), view(nullptr, resource)
+    {
+        view.SetCurrentItems(&forest);
+        view.SetDelegate(&recorder);
+        recorder.view = &view;
+        view.SetListItemFactory(NK::NewOwned<RowFactory>());
+        view.SetListItemSearchFilter(NK::NewOwned<TextSearchFilter>());
+    }
+
+    void Show(const Selection& selection = {}) { view.WillAppear(View::OpenData {selection, nullptr}); }
+    UntypedListBox& List() { return resource.list; }
+    QM::ListBox& ListBox() { return resource.listBox; }
+
+    ListsResource resource;
+    NK::Array<NK::Owner<ModelItem>> forest;
+    FlatListView view;
+    SelectionRecorder recorder;
+};
+
+TEST_F(FlatListViewTest, ShowsEveryItemSortedWithTheSelectionItAppearsWith)
+{
+    Show(Selection {Find(forest, "Plan"), Find(forest, "Notes")});
+
+    EXPECT_EQ(Rows(List()), "Detail Minutes Notes Plan Project Section Sheets Views");
+    EXPECT_EQ(Names(view.GetSelection().GetItems()), "Notes Plan");
+    EXPECT_TRUE(ListBox().IsVisible());
+    EXPECT_TRUE(ListBox().IsDrawEnabled());
+    EXPECT_TRUE(recorder.reported.empty());
+    EXPECT_EQ(ListBox().GetTabItemText(RowOf(List(), "Section"), 2).ToUtf8(), "7");
+}
+
+TEST_F(FlatListViewTest, ARefreshOfTheSameRowsChangesNothingAndSendsNothing)
+{
+    Show(Selection {Find(forest, "Plan")});
+    ListBox().ResetJournal();
+
+    view.Refresh();
+
+    const QM::Journal& journal = ListBox().GetJournal();
+    EXPECT_EQ(journal.GetCount(QM::Op::InsertItem), 0u);
+    EXPECT_EQ(journal.GetCount(QM::Op::DeleteItem), 0u);
+    EXPECT_EQ(journal.GetCount(QM::Op::SetText), 0u);
+    EXPECT_EQ(journal.GetCount(QM::Op::Redraw), 1u);
+    EXPECT_TRUE(ListBox().IsDrawEnabled());
+    EXPECT_TRUE(recorder.reported.empty());
+    EXPECT_EQ(Names(view.GetSelection().GetItems()), "Plan");
+}
+
+TEST_F(FlatListViewTest, ARefreshThatDropsASelectedRowSendsOneEvent)
+{
+    Show(Selection {Find(forest, "Plan"), Find(forest, "Sheets")});
+    // The client removes "Sheets" from its model.
+    NK::Array<NK::Owner<ModelItem>>& project = forest[0]->GetChildren();
+    project.Delete(1);
+
+    view.Refresh();
+
+    EXPECT_EQ(Rows(List()), "Detail Minutes Notes Plan Project Section Views");
+    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Plan"}));
+}
+
+TEST_F(FlatListViewTest, UserSelectionIsReportedAndTheViewIsDeafWhileHandlingIsOff)
+{
+    Show();
+    ListBox().SimulateUserClickRow(RowOf(List(), "Views"));
+    view.DisableSelectionHandling();
+    ListBox().SimulateUserClickRow(RowOf(List(), "Notes"));
+    view.EnableSelectionHandling();
+    ListBox().SimulateUserSelectRows({RowOf(List(), "Notes"), RowOf(List(), "Plan")});
+
+    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Views", "Notes Plan"}));
+}
+
+TEST_F(FlatListViewTest, ASearchNarrowsTheRowsAndItsEndRestoresRowsAndSelection)
+{
+    Show(Selection {Find(forest, "Plan")});
+
+    resource.searchField.SimulateUserType("s");
+    EXPECT_EQ(Rows(List()), "Minutes Section Sheets");  // items without search texts never show
+    EXPECT_TRUE(view.GetSelection().IsEmpty());
+    resource.searchField.SimulateUserType("e");
+    EXPECT_EQ(Rows(List()), "Section");
+    resource.searchField.SimulateUserClear();
+
+    EXPECT_EQ(Rows(List()), "Detail Minutes Notes Plan Project Section Sheets Views");
+    EXPECT_EQ(Names(view.GetSelection().GetItems()), "Plan");
+    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"", "Plan"}));
+}
+
+TEST_F(FlatListViewTest, ARowPickedDuringASearchStaysSelectedAfterIt)
+{
+    Show(Selection {Find(forest, "Plan")});
+    resource.searchField.SimulateUserType("sheets");
+    ListBox().SimulateUserClickRow(RowOf(List(), "Sheets"));
+    resource.searchField.SimulateUserClear();
+
+    EXPECT_EQ(Names(view.GetSelection().GetItems()), "Sheets");
+    EXPECT_EQ(recorder.reported.back(), "Sheets");
+}
+
+TEST_F(FlatListViewTest, WithoutASearchFilterASearchShowsEveryRow)
+{
+    view.SetListItemSearchFilter(nullptr);
+    Show();
+    resource.searchField.SimulateUserType("zzz");
+    EXPECT_EQ(Rows(List()), "Detail Minutes Notes Plan Project Section Sheets Views");
+}
+
+TEST_F(FlatListViewTest, ANewSearchFilterTakesTheFieldsText)
+{
+    Show();
+    resource.searchField.SimulateUserType("minutes");
+    auto filter = NK::NewOwned<TextSearchFilter>();
+    const TextSearchFilter* raw = filter.Get();
+    view.SetListItemSearchFilter(std::move(filter));
+    EXPECT_EQ(raw->GetSearchText().ToUtf8(), "minutes");
+}
+
+TEST_F(FlatListViewTest, WithoutAFactoryARefreshIsReportedAndLeavesTheRows)
+{
+    Show();
+    view.SetListItemFactory(nullptr);
+    NK::AssertCapture capture;
+    view.Refresh();
+    EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"listItemFactory != nullptr"}));
+    EXPECT_EQ(Rows(List()), "Detail Minutes Notes Plan Project Section Sheets Views");
+}
+
+TEST_F(FlatListViewTest, DisappearingHidesTheListAndWhatLiesOnItsLaterColumns)
+{
+    QM::Item edit(resource.dialog, QM::Rect(0, 0, 10, 10));
+    QM::Item firstColumnEdit(resource.dialog, QM::Rect(0, 0, 10, 10));
+    ListBox().SetOnTabItem(2, &edit);
+    ListBox().SetOnTabItem(1, &firstColumnEdit);
+    Show();
+
+    view.WillDisappear();
+    ListBox().SimulateUserClickRow(1);
+
+    EXPECT_FALSE(ListBox().IsVisible());
+    EXPECT_FALSE(edit.IsVisible());
+    EXPECT_TRUE(firstColumnEdit.IsVisible());
+    EXPECT_TRUE(recorder.reported.empty());
+}
+
+TEST_F(FlatListViewTest, TheViewStateCarriesTheColumnsAndSurvivesAChannel)
+{
+    Show();
+    List().GetColumnManager().GetColumn(2)->SetVisible(false);
+    List().SetupColumns();
+    NK::Owner<View::ViewState> written = view.GetState();
+    NK::MemoryOChannel out;
+    ASSERT_EQ(written->Write(out), NK::NoError);
+
+    List().GetColumnManager().GetColumn(2)->SetVisible(true);
+    List().SetupColumns();
+    NK::Owner<View::ViewState> read = view.CreateDefaultState();
+    NK::MemoryIChannel in(out.GetBytes());
+    ASSERT_EQ(read->Read(in), NK::NoError);
+    NK::MemoryOChannel again;
+    read->Write(again);
+    EXPECT_EQ(again.GetBytes(), out.GetBytes());
+
+    view.WillDisappear();
+    view.WillAppear(View::OpenData {Selection(), read.Get()});
+    EXPECT_FALSE(List().GetColumnManager().GetColumn(2)->IsVisible());
+    EXPECT_EQ(ListBox().GetTabFieldCount(), 1);
+}
+
+TEST_F(FlatListViewTest, ATruncatedViewStateIsAnErrorAndLeavesTheStateAsItWas)
+{
+    Show();
+    NK::MemoryOChannel out;
+    view.GetState()->Write(out);
+    std::vector<NK::Byte> bytes = out.GetBytes();
+    bytes.resize(bytes.size() - 2);
+
+    List().GetColumnManager().GetColumn(2)->SetVisible(false);
+    NK::Owner<View::ViewState> state = view.GetState();
+    NK::MemoryIChannel in(bytes);
+    EXPECT_NE(state->Read(in), NK::NoError);
+    auto& columns = static_cast<ListBoxBaseView::ViewState&>(*state).GetColumnState();
+    EXPECT_FALSE(columns.columns.Get(2).visible);
+
+    std::vector<NK::Byte> huge {0xFF, 0xFF};
+    NK::MemoryIChannel corrupted(huge);
+    EXPECT_EQ(state->Read(corrupted), -7003);
+}
+
+TEST_F(FlatListViewTest, RowsLeadBackToTheirModelItems)
+{
+    Show();
+    EXPECT_EQ(List().GetRow(IdOf("nothing")), UntypedListBox::InvalidListItemIndex);
+    EXPECT_EQ(List().GetModelItem(RowOf(List(), "Detail")), Find(forest, "Detail"));
+    EXPECT_EQ(List().GetModelItem(IdOf("nothing")), nullptr);
+    List().SelectItems(NK::Array<const ModelItem*> {Find(forest, "Views"), Find(forest, "Minutes")});
+    EXPECT_EQ(Names(List().GetSelectedModelItems()), "Minutes Views");
+}
+
+}  // namespace
