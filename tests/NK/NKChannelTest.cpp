@@ -66,20 +66,7 @@ struct Sample {
 // A sample whose every field differs from the written one, to see what a read touched.
 Sample Blank()
 {
-    Sample s;
-    s.i16 = 1;
-    s.u16 = 2;
-    s.i32 = 3;
-    s.u32 = 4;
-    s.i64 = 5;
-    s.u64 = 6;
-    s.flag = false;
-    s.id = NK::NullGuid;
-    s.text = "x";
-    s.empty = "y";
-    s.legacy = "z";
-    s.block = {9};
-    return s;
+    return Sample {1, 2, 3, 4, 5, 6, false, NK::NullGuid, "x", "y", "z", {9}};
 }
 
 std::vector<Byte> Written(const std::function<void(NK::OChannel&)>& write)
@@ -163,12 +150,7 @@ TEST_F(ChannelTest, EveryTruncationOfAStreamIsAnErrorThatSticks)
 
 TEST_F(ChannelTest, AFailedReadLeavesItsValueUntouched)
 {
-    // Three bytes: not enough for a UInt32, and a string count that promises more than is there.
-    NK::MemoryIChannel shortInt(std::vector<Byte> {1, 2, 3});
-    NK::UInt32 number = 42;
-    EXPECT_EQ(shortInt.Read(number), NK::ErrChannelEnd);
-    EXPECT_EQ(number, 42u);
-
+    // A string count that promises more than is there.
     NK::MemoryIChannel lyingCount(std::vector<Byte> {3, 0, 0, 0, 'a', 0, 'b', 0});
     NK::UniString text("kept");
     EXPECT_EQ(lyingCount.Read(text), NK::ErrChannelEnd);
@@ -246,24 +228,12 @@ TEST_F(ChannelTest, CallerErrorsDoNotFailTheChannel)
 
 TEST_F(ChannelTest, SkipPassesOverBytesWithinTheData)
 {
-    const std::vector<Byte> bytes = Written([](NK::OChannel& out) {
-        out.Write(NK::UInt32(1));
-        out.Write(NK::UInt32(2));
-    });
-    NK::MemoryIChannel in(bytes);
+    NK::MemoryIChannel in(std::vector<Byte> {1, 0, 0, 0, 2, 0, 0, 0});
     NK::UInt32 value = 0;
     EXPECT_EQ(in.Skip(4), NK::NoError);
     EXPECT_EQ(in.Read(value), NK::NoError);
     EXPECT_EQ(value, 2u);
     EXPECT_EQ(in.Skip(1), NK::ErrChannelEnd);
-}
-
-TEST(CodePageTest, WesternTextRoundTripsThroughEightBitStrings)
-{
-    const NK::UniString text(u"\u00E9t\u00E9 \u20AC \u0152uvre \u2122 \u00FF");
-    EXPECT_EQ(NK::CountUnmappable(text), 0u);
-    EXPECT_EQ(NK::DecodeDefaultCodePage(NK::EncodeDefaultCodePage(text)), text);
-    EXPECT_EQ(NK::EncodeDefaultCodePage(NK::UniString(u"\u20AC\u00E9")), std::string("\x80\xE9"));
 }
 
 TEST(CodePageTest, UnmappableCharactersBecomeOneQuestionMarkEach)
@@ -288,6 +258,7 @@ TEST(CodePageTest, EveryByteDecodesAndRoundTrips)
         all += static_cast<char>(b);
     const NK::UniString text = NK::DecodeDefaultCodePage(all);
     EXPECT_EQ(text.GetLength(), all.size());
+    EXPECT_EQ(NK::CountUnmappable(text), 0u);
     EXPECT_EQ(text[0x80 - 1], u'\u20AC');
     EXPECT_EQ(text[0x81 - 1], u'\u0081');  // undefined in the code page: kept as the C1 control
     EXPECT_EQ(NK::EncodeDefaultCodePage(text), all);

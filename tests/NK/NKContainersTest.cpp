@@ -52,15 +52,6 @@ TEST(HashTableTest, HashSetKeepsInsertionOrderAndEqualityIgnoresIt)
     EXPECT_NE(set, (NK::HashSet<int> {7, 2, 1}));
 }
 
-TEST(HashTableTest, GuidKeysUseTheirOwnHash)
-{
-    NK::HashTable<NK::Guid, int> table;
-    for (int i = 0; i < 1000; ++i)
-        table.Add(NK::Guid::FromNumber(0, static_cast<NK::UInt64>(i)), i);
-    EXPECT_EQ(table.GetSize(), 1000u);
-    EXPECT_EQ(table.Get(NK::Guid::FromNumber(0, 777)), 777);
-}
-
 TEST(SkipMapTest, IteratesAscendingByKey)
 {
     NK::SkipSet<NK::UInt64> set {5, 1, 3};
@@ -146,13 +137,7 @@ TEST(UniStringTest, LowerCasesBeyondAscii)
 
 TEST(UniStringTest, SplitKeepsEmptyPieces)
 {
-    auto pieces = NK::UniString(",a,,b,").Split(",");
-    ASSERT_EQ(pieces.GetSize(), 5u);
-    EXPECT_EQ(pieces[0], NK::UniString(""));
-    EXPECT_EQ(pieces[1], NK::UniString("a"));
-    EXPECT_EQ(pieces[2], NK::UniString(""));
-    EXPECT_EQ(pieces[3], NK::UniString("b"));
-    EXPECT_EQ(pieces[4], NK::UniString(""));
+    EXPECT_EQ(NK::UniString(",a,,b,").Split(","), (NK::Array<NK::UniString> {"", "a", "", "b", ""}));
 }
 
 TEST(UniStringTest, NaturalOrderComparesDigitRunsByValue)
