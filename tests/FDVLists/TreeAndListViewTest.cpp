@@ -165,6 +165,13 @@ TEST_F(TreeAndListViewTest, ASelectionChoosesTheParentOfItsFirstItem)
     view.SetSelection(Selection {project});
     EXPECT_EQ(Chosen(), "Project");
     EXPECT_EQ(SelectedNames(), "Project");
+
+    // A top-level leaf has no node in the folder tree: it cannot be the chosen folder.
+    forest.Push(Build(Node("Readme")));
+    view.Refresh();
+    auto [leafFolder, leafSelection] = view.CalculateSelection(Selection {forest.GetLast().Get()});
+    EXPECT_EQ(leafFolder, notes);
+    EXPECT_TRUE(leafSelection.IsEmpty());
 }
 
 TEST_F(TreeAndListViewTest, SettingTheShownSelectionAgainSendsNothing)

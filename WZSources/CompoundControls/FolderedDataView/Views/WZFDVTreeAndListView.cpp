@@ -321,8 +321,9 @@ TreeAndListView::FolderAndSelection TreeAndListView::CalculateSelection(const Se
     const ModelItem* first = selection.GetItems()[0];
     if (first->GetParent() != nullptr)
         return {first->GetParent(), selection};
-    // A top-level item alone is shown as the chosen folder, which is then the selection itself.
-    if (selection.GetSize() == 1)
+    // A top-level folder alone is shown as the chosen folder, which is then the selection itself.
+    const TreeView* tree = GetTree();
+    if (selection.GetSize() == 1 && tree != nullptr && tree->HasItem(first->GetId()))
         return {first, Selection()};
     NK::Array<const ModelItem*> rest = selection.GetItems();
     rest.Delete(0);

@@ -12,8 +12,8 @@
 //   the chosen folder alone. Clicking into the tree after working in the list clears the list
 //   selection, so the folder is the selection again. Selection events are sent once per change.
 // - A selection given to the view (SetSelection, switching views) chooses the parent folder of
-//   its first item and selects the items in the list. A single top-level item is chosen as the
-//   folder itself; with several items of which the first is top-level, that one is dropped and
+//   its first item and selects the items in the list. A single top-level item that the tree
+//   shows is chosen as the folder itself; otherwise a first item at the top level is dropped and
 //   the first top-level folder is chosen.
 // - A search lists every match of the whole forest; at its end the list shows the chosen
 //   folder's children again with the selection from before the search, or, when a row was picked
