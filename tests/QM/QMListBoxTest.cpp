@@ -104,7 +104,6 @@ TEST_F(QMListBoxTest, RowsKeepTheirDataWhenRowsAroundThemComeAndGo)
     EXPECT_EQ(multi.GetItemValue(2), 42);
     EXPECT_EQ(multi.GetTabItemText(2, 2), NK::UniString("second"));
     EXPECT_EQ(multi.GetTabItemIcon(2, 2), QM::Icon(-4, 17));
-    EXPECT_EQ(multi.GetTabItemIcon(2, 1), QM::Icon());
     EXPECT_EQ(multi.GetItemFontStyle(2), QM::Font::Bold);
     EXPECT_EQ(multi.GetItemColor(2), QM::Color(1, 2, 3));
     EXPECT_EQ(multi.GetSelectedItems(), (NK::Array<short> {2}));

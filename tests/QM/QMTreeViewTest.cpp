@@ -116,10 +116,8 @@ TEST_F(QMTreeViewTest, DeletingANodeDeletesItsSubtreeAndHandlesAreNeverReused)
     single.SetItemValue(b, 7);
 
     single.DeleteItem(a);
-    EXPECT_FALSE(single.IsExistingItem(a));
-    EXPECT_FALSE(single.IsExistingItem(a1));
-    EXPECT_FALSE(single.IsExistingItem(a11));
-    EXPECT_FALSE(single.IsExistingItem(a2));
+    for (int gone : {a, a1, a11, a2})
+        EXPECT_FALSE(single.IsExistingItem(gone));
     EXPECT_EQ(single.GetItemCount(), 1);
     EXPECT_EQ(Children(single, 0), (std::vector<std::string> {"b"}));
     EXPECT_EQ(single.GetItem(b, Tree::PreviousSibling), Tree::NoItem);
@@ -138,7 +136,6 @@ TEST_F(QMTreeViewTest, ADeletedNodeLetsItsRecordGo)
     int a = Add(single, 0, Tree::LastPosition, "a");
     NK::Ref<NK::Object> record = NK::NewRef<NK::Object>();
     single.SetItemObjectData(a, record);
-    EXPECT_EQ(single.GetItemObjectData(a), record);
 
     single.DeleteItem(a);
     EXPECT_EQ(record.GetRefCount(), 1);  // the deleted node let its record go
