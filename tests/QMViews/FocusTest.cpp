@@ -49,22 +49,6 @@ TEST(QMViewsFocusTest, ClicksAndTypingMoveTheFocusAndTellBothControls)
     EXPECT_EQ(dialog.GetFocusedItem(), &search);
 }
 
-TEST(QMViewsFocusTest, ARefusedClickDoesNotTakeTheFocus)
-{
-    QM::Dialog dialog;
-    QM::SearchEdit search(dialog, QM::Rect(0, 0, 200, 22));
-    Table table(dialog, QM::Rect(0, 30, 200, 300));
-    Provider provider;
-    table.SetDataProvider(&provider);
-    provider.Replace(Kids(N(1, "Plans", Kids(N(2, "Ground floor")))), table);
-    search.SetFocus();
-
-    EXPECT_FALSE(table.SimulateUserSelectNode(IdOf(2)));  // hidden in a closed folder
-    table.Disable();
-    EXPECT_FALSE(table.SimulateUserExpand(IdOf(1)));
-    EXPECT_TRUE(search.HasFocus());
-}
-
 TEST(QMViewsDrawTest, TheTableRedrawsOnceWhenTheOutermostBracketEnds)
 {
     QM::Dialog dialog;
