@@ -1,9 +1,12 @@
-// The data view's selection handling, with the selection-change guard that belongs to it.
+// The data view's views, items, selection and state, with the selection-change guard that
+// belongs to it. Its controls and geometry are in WZFolderedDataViewControls.cpp.
 #define NK_SOURCE_PATH "WZSources\\CompoundControls\\FolderedDataView\\WZFolderedDataView"
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderedDataView.hpp"
 
 #include "NK/NKAssert.hpp"
+#include "WZSources/CompoundControls/FolderedDataView/Views/WZFDVTreeAndListView.hpp"
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderedDataViewObserver.hpp"
+#include "WZSources/CompoundControls/FolderedDataView/WZFolderedDataViewState.hpp"
 #include "WZSources/WZLoggedAssert.hpp"
 
 namespace WZ::Folderable {
@@ -92,21 +95,16 @@ bool SelectionChangeGuard::IsFirst() const noexcept
     return dynamic_cast<const FirstGuardImpl*>(impl.Get()) != nullptr;
 }
 
-// ---- the data view -----------------------------------------------------------------------
-
-FolderedDataView::FolderedDataView() = default;
-
-FolderedDataView::~FolderedDataView()
-{
-    // A guard outliving its data view would release into freed memory.
-    if (!NK_ASSERT_TEXT(activeGuard == nullptr, "activeGuard == nullptr"))
-        LogAssertError(LogFile, __LINE__);
-}
+// ---- views ------------------------------------------------------------------------------
 
 void FolderedDataView::RegisterView(ViewMode mode, NK::Owner<Views::View> view)
 {
+    if (mode == viewMode && currentViewShown)
+        HideShownView(false);
     view->SetCurrentItems(&items);
     view->SetDelegate(this);
+    if (view->GetLayout() != nullptr)
+        view->GetLayout()->Hide();
     views.Put(mode, std::move(view));
 }
 
@@ -116,11 +114,87 @@ Views::View* FolderedDataView::GetView(ViewMode mode) const
     return view != nullptr ? view->Get() : nullptr;
 }
 
+void FolderedDataView::SetViewMode(ViewMode mode)
+{
+    if (mode == viewMode && currentViewShown)
+        return;
+    SwitchView(mode, true);
+}
+
+void FolderedDataView::ShowCurrentView()
+{
+    if (!currentViewShown)
+        SwitchView(viewMode, true);
+}
+
+void FolderedDataView::SwitchView(ViewMode newMode, bool keepOldState)
+{
+    NK::Owner<SelectionChangeGuard> guard = CreateSelectionGuard();
+    const Selection selection = currentViewShown ? GetSelection() : Selection();
+    if (currentViewShown)
+        HideShownView(keepOldState);
+    viewMode = newMode;
+    if (state != nullptr)
+        state->SetViewMode(newMode);
+    ShowView(newMode, selection);
+}
+
+void FolderedDataView::HideShownView(bool keepState)
+{
+    Views::View* view = GetCurrentView();
+    currentViewShown = false;
+    if (view == nullptr)
+        return;
+    view->WillDisappear();
+    if (view->GetLayout() != nullptr)
+        view->GetLayout()->Hide();
+    if (keepState && state != nullptr)
+        state->PutViewState(viewMode, view->GetState());
+}
+
+void FolderedDataView::ShowView(ViewMode mode, const Selection& selection)
+{
+    Views::View* view = GetView(mode);
+    if (view == nullptr)
+        return;
+    const Views::View::ViewState* viewState = GetStoredViewState(mode);
+    if (viewState != nullptr && viewState->GetLayoutState() != nullptr)
+        view->ApplyLayoutState(*viewState->GetLayoutState());
+    if (Views::View::InMemoryViewState* inMemory = view->GetInMemoryViewState())
+        inMemory->InitStateIfNeeded(items);
+    if (view->GetLayout() != nullptr)
+        view->GetLayout()->Show();
+    currentViewShown = true;
+    view->WillAppear(Views::View::OpenData {selection, viewState});
+    if (!rect.IsEmpty())
+        view->ReLayoutNeeded();
+}
+
+const Views::View::ViewState* FolderedDataView::GetStoredViewState(ViewMode mode) const
+{
+    return state != nullptr ? state->GetViewState(mode) : nullptr;
+}
+
+// ---- items and selection ----------------------------------------------------------------
+
 void FolderedDataView::SetItems(NK::Array<NK::Owner<ModelItem>> newItems)
 {
+    KeepTreeAndListFolder(newItems);
+    // The old forest lives until the views have been rebuilt from the new one, so that nothing
+    // they read on the way (the selection before) points into freed items.
+    NK::Array<NK::Owner<ModelItem>> oldItems = std::move(items);
     items = std::move(newItems);
+    CreateDefaultInMemoryViewStateIfNeeded();
     if (!views.IsEmpty())
         Refresh();
+}
+
+void FolderedDataView::KeepTreeAndListFolder(const NK::Array<NK::Owner<ModelItem>>& newItems)
+{
+    auto* treeAndList = dynamic_cast<Views::TreeAndListView*>(GetView(ViewMode::TreeAndList));
+    if (treeAndList == nullptr || treeAndList->GetTreeSelection() == nullptr)
+        return;
+    treeAndList->SetTreeSelection(FindModelItemById(newItems, treeAndList->GetTreeSelection()->GetId()));
 }
 
 void FolderedDataView::Refresh()
@@ -149,6 +223,16 @@ Selection FolderedDataView::GetSelectionOfCurrentControl() const
     return view != nullptr ? Selection(view->GetItemsForCurrentControl()) : Selection();
 }
 
+bool FolderedDataView::IsSearchModeOnCurrentView() const
+{
+    const Views::View* view = GetCurrentView();
+    if (!NK_PRECOND_TEXT(view != nullptr, "GetCurrentView () != nullptr")) {
+        LogAssertError(LogFile, __LINE__);
+        return false;
+    }
+    return view->IsSearchMode();
+}
+
 NK::Owner<SelectionChangeGuard> FolderedDataView::CreateSelectionGuard()
 {
     // The guard's constructor is private to the data view; NewOwned could not reach it.
@@ -172,6 +256,69 @@ void FolderedDataView::AttachFolderedDataViewObserver(FolderedDataViewObserver& 
 void FolderedDataView::DetachFolderedDataViewObserver(FolderedDataViewObserver& observer)
 {
     observers.Detach(observer);
+}
+
+// ---- state ------------------------------------------------------------------------------
+
+void FolderedDataView::CreateDefaultState()
+{
+    if (!NK_ASSERT_TEXT(state == nullptr, "state == nullptr"))
+        LogAssertError(LogFile, __LINE__);
+    auto newState = NK::NewOwned<State>();
+    newState->SetViewMode(viewMode);
+    for (const auto& entry : views)
+        newState->PutViewState(entry.first, entry.second->CreateDefaultState());
+    state = std::move(newState);
+}
+
+FolderedDataView::State* FolderedDataView::GetState() const
+{
+    if (!NK_ASSERT_TEXT(state != nullptr, "state != nullptr"))
+        LogAssertError(LogFile, __LINE__);
+    return state.Get();
+}
+
+void FolderedDataView::CreateDefaultInMemoryViewStateIfNeeded()
+{
+    for (const auto& entry : views)
+        if (Views::View::InMemoryViewState* inMemory = entry.second->GetInMemoryViewState())
+            inMemory->InitStateIfNeeded(items);
+}
+
+NK::ErrCode FolderedDataView::WriteState(NK::OChannel& channel)
+{
+    if (GetState() == nullptr)
+        return NK::ErrNullChannelOrElement;
+    if (Views::View* view = GetCurrentView(); view != nullptr && currentViewShown)
+        state->PutViewState(viewMode, view->GetState());
+    state->SetViewMode(viewMode);
+    return state->Write(channel);
+}
+
+NK::ErrCode FolderedDataView::ReadState(NK::IChannel& channel)
+{
+    if (GetState() == nullptr)
+        return NK::ErrNullChannelOrElement;
+    // A copy of the same shape: each view's default state under the modes the state holds.
+    auto readState = NK::NewOwned<State>();
+    readState->SetViewMode(state->GetViewMode());
+    for (const auto& entry : state->GetViewStates())
+        if (const Views::View* view = GetView(entry.first))
+            readState->PutViewState(entry.first, view->CreateDefaultState());
+    if (NK::ErrCode error = readState->Read(channel); error != NK::NoError)
+        return error;
+
+    NK::Owner<SelectionChangeGuard> guard = CreateSelectionGuard();
+    const bool wasShown = currentViewShown;
+    const Selection selection = wasShown ? GetSelection() : Selection();
+    // The shown view's state is not kept: the read one replaces it.
+    if (wasShown)
+        HideShownView(false);
+    state = std::move(readState);
+    viewMode = state->GetViewMode();
+    if (wasShown)
+        ShowView(viewMode, selection);
+    return NK::NoError;
 }
 
 }  // namespace WZ::Folderable
