@@ -32,7 +32,7 @@ short ListBox::InsertRow(int row, bool separator)
         return 0;
     Row newRow;
     newRow.separator = separator;
-    rows.insert(rows.begin() + (position - 1), std::move(newRow));
+    rows.insert(static_cast<std::size_t>(position - 1), std::move(newRow));
     return static_cast<short>(position);
 }
 
@@ -42,7 +42,7 @@ void ListBox::DeleteItem(short row)
     if (!NK_PRECOND(IsValidRow(row)))
         return;
     bool wasSelected = GetRow(row).selected;
-    rows.erase(rows.begin() + (row - 1));
+    rows.erase(static_cast<std::size_t>(row - 1));
     if (scrollPosition > 0 && scrollPosition >= GetItemCount())
         scrollPosition = static_cast<short>(std::max(0, GetItemCount() - 1));
     if (wasSelected) {
@@ -135,10 +135,10 @@ void ListBox::SetTabFieldCount(short count)
     short oldCount = tabFieldCount;
     tabFieldCount = count;
     if (count < oldCount) {
-        for (Row& r : rows) {
+        rows.ForEach([count](Row& r) {
             if (r.cells.size() > static_cast<std::size_t>(count))
                 r.cells.resize(static_cast<std::size_t>(count));
-        }
+        });
     }
     TabFieldCountChanged(oldCount, count);
 }

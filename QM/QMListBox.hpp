@@ -23,6 +23,7 @@
 #include "NK/NKUniString.hpp"
 #include "QM/QMColor.hpp"
 #include "QM/QMFont.hpp"
+#include "QM/QMGapBuffer.hpp"
 #include "QM/QMIcon.hpp"
 #include "QM/QMItem.hpp"
 #include "QM/QMListBoxColumns.hpp"
@@ -192,7 +193,9 @@ private:
     void NotifySelectionChanged(Origin origin);
     void ScrollIntoView(short row);
 
-    std::vector<Row> rows;
+    // Rows in order; a gap buffer, so that an update's bottom-up deletions and top-down
+    // insertions do not shift every later row each time.
+    GapBuffer<Row> rows;
     SelectionType selectionType;
     short tabFieldCount = 1;
     short selectedCount = 0;

@@ -26,8 +26,7 @@ bool ListBox::DeselectAll()
 {
     if (selectedCount == 0)
         return false;
-    for (Row& r : rows)
-        r.selected = false;
+    rows.ForEach([](Row& r) { r.selected = false; });
     selectedCount = 0;
     return true;
 }
