@@ -1,6 +1,7 @@
 // NK::EventSource / NK::EventObserver: observer lists notified in registration order. An
 // observer may detach itself, or another observer, during a notification: a detached observer
-// that has not been reached yet is not called. Observers are registered by reference and never
+// that has not been reached yet is not called, and an observer attached meanwhile is called from
+// the next notification on. Observers are registered by reference and never
 // owned; an observer detaches itself from every source when destroyed.
 #pragma once
 
@@ -44,7 +45,10 @@ public:
     void NotifyAll(Fn&& fn) const
     {
         ++notifyDepth;
-        for (UIndex i = 0; i < observers.size(); ++i) {
+        // Observers attached during this notification (also one that detached and attached again)
+        // hear the next one, not this one.
+        const UIndex count = observers.size();
+        for (UIndex i = 0; i < count; ++i) {
             EventObserver* observer = observers[i];
             if (observer == nullptr)
                 continue;
