@@ -22,6 +22,8 @@ template <typename... Fns>
 struct Overloaded : Fns... {
     using Fns::operator()...;
 };
+template <typename... Fns>
+Overloaded(Fns...) -> Overloaded<Fns...>;
 
 }  // namespace
 

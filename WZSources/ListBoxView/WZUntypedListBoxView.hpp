@@ -11,7 +11,7 @@
 
 namespace WZ {
 
-class UntypedListBoxView : private QM::ListBoxHeaderObserver {
+class UntypedListBoxView : protected QM::ListBoxHeaderObserver {
 public:
     // Keeps drawing of a list box switched off while alive; when it ends, drawing is switched on
     // again and the list box redrawn.

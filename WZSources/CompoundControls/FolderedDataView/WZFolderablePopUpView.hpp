@@ -18,7 +18,7 @@ public:
     virtual ~PopUpViewDelegate();
 };
 
-class PopUpView : private QM::PopUpControlObserver {
+class PopUpView : protected QM::PopUpControlObserver {
 public:
     explicit PopUpView(QM::PopUpControl& control);
     PopUpView(const PopUpView&) = delete;

@@ -25,7 +25,7 @@
 
 namespace WZ::Folderable::Views {
 
-class ListBoxBaseView : public View, private QM::ListBoxObserver {
+class ListBoxBaseView : public View, protected QM::ListBoxObserver {
 public:
     using SelectionKeeper = SmartListBoxUpdater::SelectionKeeper;
     using ColumnState = UntypedListBox::ColumnState;

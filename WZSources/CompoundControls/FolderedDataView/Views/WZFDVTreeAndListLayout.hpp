@@ -14,7 +14,7 @@
 
 namespace WZ::Folderable {
 
-class TreeAndListLayout : public NormalLayout, private QM::SplitterObserver {
+class TreeAndListLayout : public NormalLayout, protected QM::SplitterObserver {
 public:
     static constexpr short defaultTreeWidth = 180;
     static constexpr short minTreeWidth = 40;

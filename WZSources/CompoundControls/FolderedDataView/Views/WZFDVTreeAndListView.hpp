@@ -46,7 +46,7 @@ public:
     virtual ~ListAndTreeFocusDelegate();
 };
 
-class ListAndTreeFocus : private QM::ItemObserver {
+class ListAndTreeFocus : protected QM::ItemObserver {
 public:
     enum class Status : NK::Int16 { Tree = 0, List = 1 };
 
@@ -86,8 +86,8 @@ private:
 class TreeAndListView : public ListBoxBaseView,
                         private PopUpViewDelegate,
                         private ListAndTreeFocusDelegate,
-                        private QM::TreeViewObserver,
-                        private QM::ButtonObserver {
+                        protected QM::TreeViewObserver,
+                        protected QM::ButtonObserver {
 public:
     class PopUpViewItemFactory {
     public:
@@ -164,6 +164,7 @@ protected:
 private:
     void PopUpViewSelectionChanged(const PopUpItem& item) override;
     void ListAndTreeFocusChanged() override;
+    using QM::ListBoxObserver::SelectionChanged;  // the list's, handled by the list box base view
     void SelectionChanged(const QM::TreeViewSelectionEvent& event) override;
     void ButtonClicked(const QM::ButtonClickEvent& event) override;
 

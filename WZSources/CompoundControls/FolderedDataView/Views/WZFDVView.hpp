@@ -34,7 +34,7 @@ class ModelItem;
 
 namespace Views {
 
-class View : private QM::SearchEditObserver {
+class View : protected QM::SearchEditObserver {
 public:
     // What a view reports to: the foldered data view.
     class Delegate {
