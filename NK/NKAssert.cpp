@@ -72,6 +72,11 @@ UnreachableHandler SetUnreachableHandler(UnreachableHandler handler)
 std::string QualifiedFunctionName(const char* prettyFunction)
 {
     std::string text(prettyFunction);
+    // Clang spells the anonymous namespace "(anonymous namespace)", GCC "{anonymous}"; use GCC's,
+    // whose spelling has no parenthesis or space to confuse the cuts below.
+    static const std::string clangAnonymous = "(anonymous namespace)";
+    for (std::size_t at = text.find(clangAnonymous); at != std::string::npos; at = text.find(clangAnonymous, at))
+        text.replace(at, clangAnonymous.size(), "{anonymous}");
     // Cut the parameter list: the first '(' at template depth 0 that is not part of "operator()".
     int depth = 0;
     std::size_t end = text.size();

@@ -59,6 +59,7 @@ TEST(AssertReportTest, QualifiedNameDropsReturnTypeParametersAndTemplateArgument
     EXPECT_EQ(QualifiedFunctionName("const WZ::Diffable* WZ::SmartListBoxUpdater::GetItem(short) const"),
               "WZ::SmartListBoxUpdater::GetItem");
     EXPECT_EQ(QualifiedFunctionName("bool WZ::X::operator()(int)"), "WZ::X::operator()");
+    EXPECT_EQ(QualifiedFunctionName("void (anonymous namespace)::Sample::Run(int)"), "{anonymous}::Sample::Run");
 }
 
 TEST(AssertReportTest, UnreachableReportsThenCallsTheHandler)
