@@ -64,13 +64,13 @@ private:
 // Worked distributions: 'f' a fixed column, 'p' a proportional one, each with minimum and width.
 TEST_F(ColumnResizeTest, WorkedDistributions)
 {
-    struct Spec {
+    struct ColumnSetup {
         char kind;
         float minWidth, width;
     };
     struct Case {
         const char* what;
-        std::vector<Spec> specs;
+        std::vector<ColumnSetup> columns;
         float available;
         bool round;
         std::vector<float> expected;
@@ -96,9 +96,9 @@ TEST_F(ColumnResizeTest, WorkedDistributions)
     };
     for (const Case& c : cases) {
         columns.clear();
-        for (const Spec& spec : c.specs)
-            spec.kind == 'f' ? static_cast<void>(AddFixed(spec.minWidth, spec.width))
-                             : static_cast<void>(AddProportional(spec.minWidth, spec.width));
+        for (const ColumnSetup& column : c.columns)
+            column.kind == 'f' ? static_cast<void>(AddFixed(column.minWidth, column.width))
+                             : static_cast<void>(AddProportional(column.minWidth, column.width));
         Resize(c.available, c.round);
         EXPECT_EQ(Widths(), c.expected) << c.what;
     }
