@@ -130,7 +130,7 @@ NK::Int64 ListBox::GetItemValue(short row) const
 void ListBox::SetTabFieldCount(short count)
 {
     Record(Op::SetStyle);
-    if (!NK_PRECOND(count >= 1) || count == tabFieldCount)
+    if (!NK_PRECOND(count >= 0) || count == tabFieldCount)
         return;
     short oldCount = tabFieldCount;
     tabFieldCount = count;

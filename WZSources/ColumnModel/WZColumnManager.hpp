@@ -149,6 +149,8 @@ public:
         return state;
     }
 
+    // A width that is not a length of the 16-bit range (NaN, infinite, negative, past 32767) is
+    // reported ("width is a pixel length") and that column's width is left as it is.
     void ApplyState(const State& state)
     {
         for (const auto& entry : state.columns) {
@@ -156,6 +158,8 @@ public:
             if (column == nullptr)
                 continue;
             column->SetVisible(entry.second.visible);
+            if (!IsValidWidth(entry.second.width))
+                continue;
             if (column->GetWidth() != entry.second.width)
                 column->SetWidth(entry.second.width);
         }

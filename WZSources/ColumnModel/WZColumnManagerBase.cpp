@@ -4,23 +4,21 @@
 #include "NK/NKHashTable.hpp"
 #include "NK/NKResources.hpp"
 #include "QM/QMListBox.hpp"
+#include "WZSources/ColumnModel/WZPixels.hpp"
 #include "WZSources/ColumnModel/WZResizeColumns.hpp"
 
 #include "NK/NKAssert.hpp"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <vector>
 
 namespace WZ {
 
 namespace {
 
 constexpr NK::Int32 headerButtonDefaultIconId = 17;
-
-short Truncated(float width)
-{
-    return static_cast<short>(static_cast<int>(std::trunc(width)));
-}
 
 }  // namespace
 
@@ -114,6 +112,11 @@ bool ColumnManagerBase::IdIsNew(bool isNew, const char* text)
     return NK_PRECOND_TEXT(isNew, text);
 }
 
+bool ColumnManagerBase::IsValidWidth(float width)
+{
+    return NK_PRECOND_TEXT(Pixels::IsValidLength(width), "width is a pixel length");
+}
+
 void ColumnManagerBase::SortColumnsByHeader()
 {
     NK::HashTable<const ColumnDescriptorBase*, NK::UIndex> indexOf;
@@ -143,8 +146,7 @@ void ColumnManagerBase::Setup(QM::ListBox& listBox) const
     for (short tab = 1; tab <= listBox.GetTabFieldCount(); ++tab)
         listBox.RemoveOnTabItem(tab);
     NK::Array<ColumnDescriptorBase*> visibleColumns = GetVisibleBaseColumns();
-    // A list box keeps one tab field also when every column is hidden.
-    listBox.SetTabFieldCount(static_cast<short>(std::max<NK::UIndex>(1, visibleColumns.GetSize())));
+    listBox.SetTabFieldCount(Pixels::Saturated(static_cast<std::int64_t>(visibleColumns.GetSize())));
 
     SetupHeaderItems(listBox);
 
@@ -214,7 +216,7 @@ NK::Array<short> ColumnManagerBase::LayOutTabFields(QM::ListBox& listBox) const
     short position = 0;
     short tab = 1;
     auto place = [&](const ColumnDescriptorBase& column) {
-        short end = static_cast<short>(position + Truncated(column.GetWidth()));
+        short end = Pixels::Add(position, Pixels::Truncated(column.GetWidth()));
         listBox.SetTabFieldBeginEndPosition(tab++, position, end);
         position = end;
     };
@@ -222,7 +224,7 @@ NK::Array<short> ColumnManagerBase::LayOutTabFields(QM::ListBox& listBox) const
         short start = position;
         for (const ColumnDescriptorBase* column : header->GetVisibleBaseColumns())
             place(*column);
-        headerWidths.Push(static_cast<short>(position - start));
+        headerWidths.Push(Pixels::Saturated(position - start));
     }
     for (const auto& column : columns)
         if (column->GetHeader() == nullptr && column->IsVisible())
@@ -230,13 +232,39 @@ NK::Array<short> ColumnManagerBase::LayOutTabFields(QM::ListBox& listBox) const
     return headerWidths;
 }
 
-void ColumnManagerBase::HeaderResized(QM::ListBox& listBox, short, short) const
+void ColumnManagerBase::HeaderResized(QM::ListBox& listBox, short headerItem, short) const
 {
     // Every header item's current size counts, not only the dragged one's: a toolkit may move
     // several dividers at once.
     NK::Array<HeaderDescriptorBase*> visibleHeaders = GetVisibleBaseHeaders();
+    if (visibleHeaders.IsEmpty())
+        return;
+    std::vector<short> sizes;
+    std::int64_t total = 0;
+    for (NK::UIndex i = 0; i < visibleHeaders.GetSize(); ++i) {
+        sizes.push_back(listBox.GetHeaderItemSize(static_cast<short>(i + 1)));
+        total += sizes.back();
+    }
+    // A divider dragged outward may push the header items past the list box. The excess comes off
+    // the items right of the dragged one, nearest first, then off the dragged one, each down to
+    // its minimum, so the tab fields stay inside the list box; those items get their new sizes.
+    std::int64_t excess = total - listBox.GetItemWidth();
+    const std::size_t dragged = static_cast<std::size_t>(std::clamp<int>(headerItem - 1, 0, static_cast<int>(sizes.size()) - 1));
+    auto giveBack = [&](std::size_t i) {
+        const std::int64_t spare = sizes[i] - std::max<short>(0, visibleHeaders[i]->GetMinWidth());
+        const std::int64_t taken = std::clamp<std::int64_t>(excess, 0, std::max<std::int64_t>(0, spare));
+        if (taken == 0)
+            return;
+        sizes[i] = Pixels::Saturated(sizes[i] - taken);
+        excess -= taken;
+        listBox.SetHeaderItemSize(static_cast<short>(i + 1), sizes[i]);
+    };
+    for (std::size_t i = dragged + 1; i < sizes.size(); ++i)
+        giveBack(i);
+    giveBack(dragged);
+
     for (NK::UIndex i = 0; i < visibleHeaders.GetSize(); ++i)
-        visibleHeaders[i]->Resize(listBox.GetHeaderItemSize(static_cast<short>(i + 1)));
+        visibleHeaders[i]->Resize(sizes[i]);
     LayOutTabFields(listBox);
 }
 

@@ -15,7 +15,9 @@
 //                 Resize(listBox, keep) does so for every tab field but those in `keep`.
 //   HeaderResized after the user dragged a header divider: every visible header's columns share
 //                 that header item's current size, and the tab fields are tiled again; the
-//                 header items stay as the user left them.
+//                 header items stay as the user left them, unless together they no longer fit
+//                 the list box: then the items right of the dragged one, and last the dragged
+//                 one, give the excess back (each down to its minimum).
 #pragma once
 
 #include "NK/NKArray.hpp"
@@ -74,6 +76,9 @@ protected:
 
     // Reports a precondition failure with `text` when the id is not new; yields isNew.
     static bool IdIsNew(bool isNew, const char* text);
+    // Reports a precondition failure ("width is a pixel length") unless the width is finite and
+    // within 0 … 32767; yields whether it is.
+    static bool IsValidWidth(float width);
 
     // The user dropped visible header item `fromItem` at `toItem`: the header with its columns
     // moves there and the list box is set up and laid out again.

@@ -2,6 +2,7 @@
 #include "WZSources/ColumnModel/WZHeaderDescriptorBase.hpp"
 
 #include "WZSources/ColumnModel/WZColumnDescriptorBase.hpp"
+#include "WZSources/ColumnModel/WZPixels.hpp"
 #include "WZSources/ColumnModel/WZResizeColumns.hpp"
 
 #include "NK/NKAssert.hpp"
@@ -9,15 +10,6 @@
 #include <cmath>
 
 namespace WZ {
-
-namespace {
-
-short Truncated(float width)
-{
-    return static_cast<short>(static_cast<int>(std::trunc(width)));
-}
-
-}  // namespace
 
 HeaderDescriptorBase::HeaderDescriptorBase(const NK::UniString& text) : text(text) {}
 
@@ -93,7 +85,7 @@ short HeaderDescriptorBase::GetWidth() const
     short sum = 0;
     for (const ColumnDescriptorBase* column : columns)
         if (column->IsVisible())
-            sum = static_cast<short>(sum + Truncated(column->GetWidth()));
+            sum = Pixels::Add(sum, Pixels::Truncated(column->GetWidth()));
     return sum;
 }
 
@@ -102,7 +94,7 @@ short HeaderDescriptorBase::GetMinWidth() const
     short sum = 0;
     for (const ColumnDescriptorBase* column : columns)
         if (column->IsVisible())
-            sum = static_cast<short>(sum + Truncated(column->GetMinWidth()));
+            sum = Pixels::Add(sum, Pixels::Truncated(column->GetMinWidth()));
     return sum;
 }
 

@@ -1,9 +1,11 @@
 #include "WZSources/ColumnModel/WZResizeColumns.hpp"
 
 #include "NK/NKTypes.hpp"
+#include "WZSources/ColumnModel/WZPixels.hpp"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <numeric>
 
 namespace WZ {
@@ -18,22 +20,6 @@ struct ColumnInfo {
 };
 
 using Widths = std::vector<float>;
-
-// Truncation toward zero into 16 bits; values outside the 16-bit range are held at its ends so
-// that the conversion stays defined.
-NK::Int16 TruncateTo16(float value)
-{
-    if (std::isnan(value))
-        return 0;
-    float truncated = std::trunc(value);
-    truncated = std::clamp(truncated, -32768.0f, 32767.0f);
-    return static_cast<NK::Int16>(truncated);
-}
-
-NK::Int16 Add16(NK::Int16 a, NK::Int16 b)
-{
-    return static_cast<NK::Int16>(static_cast<int>(a) + static_cast<int>(b));
-}
 
 void SetMinimumWidths(const std::vector<ColumnInfo>& infos, Widths& widths)
 {
@@ -52,30 +38,24 @@ float SumOfCappedFixed(const std::vector<ColumnInfo>& infos, float cap)
 
 // The cap is lowered in whole pixels from the widest fixed column until the capped fixed columns
 // fit into `room`. The capped sum only grows with the cap, so the first fitting step is found by
-// bisection over the number of steps instead of one step at a time.
+// bisection over the number of steps instead of one step at a time. The widths are 16-bit lengths
+// (see ResizeColumns), so a few dozen halvings always settle it; the loop is bounded all the same.
 float FindFixedCap(const std::vector<ColumnInfo>& infos, float room)
 {
     float widest = 0.0f;
-    bool anyFixed = false;
-    size_t fixedCount = 0;
-    for (const ColumnInfo& info : infos) {
-        if (!info.fixed)
-            continue;
-        widest = anyFixed ? std::max(widest, info.initialWidth) : info.initialWidth;
-        anyFixed = true;
-        ++fixedCount;
-    }
+    for (const ColumnInfo& info : infos)
+        if (info.fixed)
+            widest = std::max(widest, info.initialWidth);
     auto fits = [&](double steps) { return SumOfCappedFixed(infos, static_cast<float>(widest - steps)) <= room; };
-    if (!anyFixed || fits(0.0))
+    if (fits(0.0))
         return widest;
-    // With the cap at room / fixedCount the capped columns fit whatever their widths; step
-    // beyond that until it holds in float arithmetic as well.
-    double high = std::max(1.0, std::ceil(static_cast<double>(widest) - static_cast<double>(room) / fixedCount));
-    for (int guard = 0; guard < 64 && !fits(high); ++guard)
-        high *= 2.0;
+    // With the cap at 0 every fixed column fits a room of 0.
+    double high = std::ceil(static_cast<double>(widest));
     double low = 0.0;  // does not fit
-    while (high - low > 1.0) {
-        double mid = std::floor((low + high) / 2.0);
+    for (int halvings = 0; halvings < 64 && high - low > 1.0; ++halvings) {
+        const double mid = std::floor((low + high) / 2.0);
+        if (mid <= low || mid >= high)
+            break;
         if (fits(mid))
             high = mid;
         else
@@ -162,35 +142,39 @@ void DistributeRoom(const std::vector<ColumnInfo>& infos, float width, float fix
 }
 
 // Largest remainder: the pixels lost by truncation go to the columns with the largest fractions,
-// ties in index order.
+// ties in index order. Only a column with a fraction gets a pixel: a distribution that leaves room
+// over (fixed columns alone) keeps whole widths as they are, so a relayout never grows them. The
+// sums are taken in wide integers, so that many long columns cannot wrap the 16-bit remainder.
 void RoundToPixels(float width, Widths& widths)
 {
-    NK::Int16 wholeWidth = TruncateTo16(width);
-    NK::Int16 truncatedSum = 0;
-    std::vector<NK::Int16> truncated(widths.size());
+    const std::int64_t wholeWidth = Pixels::Truncated(width);
+    std::int64_t truncatedSum = 0;
+    std::vector<short> truncated(widths.size());
     std::vector<float> fractions(widths.size());
     for (size_t i = 0; i < widths.size(); ++i) {
-        truncated[i] = TruncateTo16(widths[i]);
+        truncated[i] = Pixels::Truncated(widths[i]);
         fractions[i] = widths[i] - truncated[i];
-        truncatedSum = Add16(truncatedSum, truncated[i]);
+        truncatedSum += truncated[i];
         widths[i] = truncated[i];
     }
     std::vector<size_t> order(widths.size());
     std::iota(order.begin(), order.end(), size_t {0});
     std::stable_sort(order.begin(), order.end(), [&](size_t a, size_t b) { return fractions[a] > fractions[b]; });
-    NK::Int16 left = static_cast<NK::Int16>(wholeWidth - truncatedSum);
+    std::int64_t left = wholeWidth - truncatedSum;
     for (size_t i : order) {
-        if (left <= 0)
+        if (left <= 0 || !(fractions[i] > 0.0f))
             break;
-        widths[i] = static_cast<float>(truncated[i] + 1);
+        widths[i] = static_cast<float>(Pixels::Add(truncated[i], 1));
         --left;
     }
 }
 
 }  // namespace
 
-void ResizeColumns(const std::function<IColumn*(size_t)>& columnAt, size_t count, float width, bool roundToPixels)
+void ResizeColumns(const std::function<IColumn*(size_t)>& columnAt, size_t count, float requestedWidth,
+                   bool roundToPixels)
 {
+    const float width = Pixels::Length(requestedWidth);
     std::vector<ColumnInfo> infos;
     infos.reserve(count);
     float minSum = 0.0f;
@@ -198,7 +182,8 @@ void ResizeColumns(const std::function<IColumn*(size_t)>& columnAt, size_t count
     float proportionalMin = 0.0f;
     for (size_t i = 0; i < count; ++i) {
         IColumn* column = columnAt(i);
-        ColumnInfo info {column, column->IsFixed(), column->GetMinWidth(), column->GetInitialWidth()};
+        ColumnInfo info {column, column->IsFixed(), Pixels::Length(column->GetMinWidth()),
+                         Pixels::Length(column->GetInitialWidth())};
         minSum += info.minWidth;
         if (info.fixed)
             fixedSum += info.initialWidth;

@@ -6,7 +6,11 @@
 // - Otherwise the proportional columns share what the fixed columns leave, in proportion to their
 //   current widths, and none of them goes below its minimum.
 // - With roundToPixels the widths become whole pixels; when the minimums fit they add up exactly
-//   to the width truncated to whole pixels (largest-remainder method, 16-bit arithmetic).
+//   to the width truncated to whole pixels (largest-remainder method). Only columns with a
+//   fraction gain a pixel, so whole widths that leave room over stay as they are.
+// Widths are lengths of the 16-bit pixel range: the width and every column's widths are taken as
+// 0 when NaN or negative and as 32767 when beyond it, so a damaged column cannot stall or wrap
+// the distribution (it gets a proper width back).
 // A column is written through SetWidth only when its new width differs from its current one.
 #pragma once
 

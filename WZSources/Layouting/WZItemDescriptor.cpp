@@ -1,4 +1,10 @@
+#define NK_SOURCE_PATH "WZSources\\Layouting\\WZItemDescriptor"
 #include "WZSources/Layouting/WZItemDescriptor.hpp"
+
+#include "NK/NKAssert.hpp"
+#include "WZSources/ColumnModel/WZPixels.hpp"
+
+#include <algorithm>
 
 namespace WZ::Layouting {
 
@@ -6,16 +12,23 @@ namespace {
 
 short Sum(short a, short b)
 {
-    return static_cast<short>(a + b);
+    return Pixels::Add(a, b);
 }
 
 short Offset(NK::Int32 alignment, NK::Int32 centerCode, NK::Int32 endCode, short available, short size)
 {
+    const int room = static_cast<int>(available) - std::max<short>(0, size);
     if (alignment == centerCode)
-        return static_cast<short>((available - size) / 2);
+        return Pixels::Saturated(room / 2);
     if (alignment == endCode)
-        return static_cast<short>(available - size);
+        return Pixels::Saturated(room);
     return 0;
+}
+
+// What is left of the room after the two sides of an inset; never negative.
+short Filled(short available, short before, short after)
+{
+    return Pixels::Saturated(std::max(0, static_cast<int>(available) - before - after));
 }
 
 template <typename... Fns>
@@ -27,15 +40,31 @@ Overloaded(Fns...) -> Overloaded<Fns...>;
 
 }  // namespace
 
+ItemDescriptorBase::ItemDescriptorBase(const Inset& inset)
+{
+    SetInset(inset);
+}
+
 ItemDescriptorBase::~ItemDescriptorBase() = default;
+
+void ItemDescriptorBase::SetInset(const Inset& newInset)
+{
+    NK_PRECOND_TEXT(newInset.IsNonNegative(), "inset >= 0");
+    inset = newInset.NonNegative();
+}
+
+void ReportUnusablePolicy(bool usable)
+{
+    NK_PRECOND_TEXT(usable, "policy sizes are lengths");
+}
 
 short HItemDescriptor::GetHeight(short available) const
 {
     return std::visit(Overloaded {
                           [](std::monostate) -> short { return 0; },
-                          [](const HFixedHeight& fixed) -> short { return fixed.height; },
+                          [](const HFixedHeight& fixed) -> short { return std::max<short>(0, fixed.height); },
                           [&](const HAutoFillHeight&) -> short {
-                              return static_cast<short>(available - GetInset().top - GetInset().bottom);
+                              return Filled(available, GetInset().top, GetInset().bottom);
                           },
                       },
                       GetCrossPolicy());
@@ -69,9 +98,9 @@ short VItemDescriptor::GetWidth(short available) const
 {
     return std::visit(Overloaded {
                           [](std::monostate) -> short { return 0; },
-                          [](const VFixedWidth& fixed) -> short { return fixed.width; },
+                          [](const VFixedWidth& fixed) -> short { return std::max<short>(0, fixed.width); },
                           [&](const VAutoFillWidth&) -> short {
-                              return static_cast<short>(available - GetInset().left - GetInset().right);
+                              return Filled(available, GetInset().left, GetInset().right);
                           },
                       },
                       GetCrossPolicy());

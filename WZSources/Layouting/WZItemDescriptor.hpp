@@ -24,15 +24,17 @@ namespace WZ::Layouting {
 // The toolkit items a layout or an item places.
 using ManagedQMItems = NK::HashSet<QM::Item*>;
 
+// Bad sizes are reported when they are given ("inset >= 0", "policy sizes are lengths") and a
+// layout pass takes them as the nearest lengths it can use: negative as 0, NaN weights as 0.
 class ItemDescriptorBase {
 public:
-    explicit ItemDescriptorBase(const Inset& inset = {}) : inset(inset) {}
+    explicit ItemDescriptorBase(const Inset& inset = {});
     ItemDescriptorBase(const ItemDescriptorBase&) = delete;
     ItemDescriptorBase& operator=(const ItemDescriptorBase&) = delete;
     virtual ~ItemDescriptorBase();
 
     const Inset& GetInset() const noexcept { return inset; }
-    void SetInset(const Inset& newInset) noexcept { inset = newInset; }
+    void SetInset(const Inset& newInset);
 
     // Places the item in the rectangle its layout computed for it.
     virtual void ApplyRect(const QM::Rect& rect) const = 0;
@@ -50,6 +52,9 @@ private:
     Inset inset;
 };
 
+// Reports "policy sizes are lengths" when `usable` is false.
+void ReportUnusablePolicy(bool usable);
+
 template <typename MainFixed, typename MainProportional, typename CrossFixed, typename CrossFill>
 class TypedItemDescriptorBase : public ItemDescriptorBase {
 public:
@@ -63,12 +68,22 @@ public:
     TypedItemDescriptorBase(MainPolicy mainPolicy, CrossPolicy crossPolicy, const Inset& inset)
         : ItemDescriptorBase(inset), mainPolicy(std::move(mainPolicy)), crossPolicy(std::move(crossPolicy))
     {
+        CheckPolicy(this->mainPolicy);
+        CheckPolicy(this->crossPolicy);
     }
 
     const MainPolicy& GetMainPolicy() const noexcept { return mainPolicy; }
     const CrossPolicy& GetCrossPolicy() const noexcept { return crossPolicy; }
-    void SetMainPolicy(MainPolicy policy) { mainPolicy = std::move(policy); }
-    void SetCrossPolicy(CrossPolicy policy) { crossPolicy = std::move(policy); }
+    void SetMainPolicy(MainPolicy policy)
+    {
+        mainPolicy = std::move(policy);
+        CheckPolicy(mainPolicy);
+    }
+    void SetCrossPolicy(CrossPolicy policy)
+    {
+        crossPolicy = std::move(policy);
+        CheckPolicy(crossPolicy);
+    }
 
     bool IsValid() const override { return IsSet(mainPolicy) && IsSet(crossPolicy); }
 
@@ -80,6 +95,13 @@ protected:
     }
 
 private:
+    template <typename Variant>
+    static void CheckPolicy(const Variant& policy)
+    {
+        if (!policy.valueless_by_exception())
+            ReportUnusablePolicy(std::visit([](const auto& p) { return IsUsable(p); }, policy));
+    }
+
     MainPolicy mainPolicy;
     CrossPolicy crossPolicy;
 };

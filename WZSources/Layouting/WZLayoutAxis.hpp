@@ -4,6 +4,7 @@
 #pragma once
 
 #include "QM/QMGeometry.hpp"
+#include "WZSources/ColumnModel/WZPixels.hpp"
 #include "WZSources/Layouting/WZItemDescriptor.hpp"
 
 namespace WZ::Layouting {
@@ -23,11 +24,11 @@ struct LayoutAxis<HItemDescriptor> {
     static short CrossAfter(const Inset& inset) { return inset.bottom; }
     static short CrossSize(const HItemDescriptor& d, short available) { return d.GetHeight(available); }
     static short CrossOffset(const HItemDescriptor& d, short available) { return d.GetY(available); }
-    static float FixedSize(const HFixedWidth& policy) { return policy.width; }
-    static float Weight(const HProportionalWidth& policy) { return policy.weight; }
+    static float FixedSize(const HFixedWidth& policy) { return Pixels::Length(policy.width); }
+    static float Weight(const HProportionalWidth& policy) { return Pixels::Length(policy.weight); }
     static QM::Rect MakeRect(short main, short cross, short mainLength, short crossLength)
     {
-        return QM::Rect(main, cross, static_cast<short>(main + mainLength), static_cast<short>(cross + crossLength));
+        return QM::Rect(main, cross, Pixels::Add(main, mainLength), Pixels::Add(cross, crossLength));
     }
 };
 
@@ -43,11 +44,11 @@ struct LayoutAxis<VItemDescriptor> {
     static short CrossAfter(const Inset& inset) { return inset.right; }
     static short CrossSize(const VItemDescriptor& d, short available) { return d.GetWidth(available); }
     static short CrossOffset(const VItemDescriptor& d, short available) { return d.GetX(available); }
-    static float FixedSize(const VFixedHeight& policy) { return policy.height; }
-    static float Weight(const VProportionalHeight& policy) { return policy.weight; }
+    static float FixedSize(const VFixedHeight& policy) { return Pixels::Length(policy.height); }
+    static float Weight(const VProportionalHeight& policy) { return Pixels::Length(policy.weight); }
     static QM::Rect MakeRect(short main, short cross, short mainLength, short crossLength)
     {
-        return QM::Rect(cross, main, static_cast<short>(cross + crossLength), static_cast<short>(main + mainLength));
+        return QM::Rect(cross, main, Pixels::Add(cross, crossLength), Pixels::Add(main, mainLength));
     }
 };
 

@@ -1,6 +1,10 @@
+#define NK_SOURCE_PATH "WZSources\\Layouting\\WZLayoutBase"
 #include "WZSources/Layouting/WZLayoutBase.hpp"
 
+#include "NK/NKAssert.hpp"
 #include "QM/QMDialog.hpp"
+
+#include <algorithm>
 
 namespace WZ::Layouting {
 
@@ -28,6 +32,18 @@ void LayoutBase::ApplyLayout(QM::Dialog& dialog, const QM::Rect& rect) const
 {
     MoveResizeBracket bracket(dialog);
     ApplyLayout(rect);
+}
+
+void LayoutBase::SetGap(short newGap)
+{
+    NK_PRECOND_TEXT(newGap >= 0, "gap >= 0");
+    gap = std::max<short>(0, newGap);
+}
+
+void LayoutBase::SetMargin(const Inset& newMargin)
+{
+    NK_PRECOND_TEXT(newMargin.IsNonNegative(), "margin >= 0");
+    margin = newMargin.NonNegative();
 }
 
 bool LayoutBase::ContainsVisible() const

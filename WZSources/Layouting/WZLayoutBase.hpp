@@ -49,9 +49,10 @@ public:
 
     void SetDelegate(Delegate* newDelegate) noexcept { delegate = newDelegate; }
     Delegate* GetDelegate() const noexcept { return delegate; }
-    void SetGap(short newGap) noexcept { gap = newGap; }
+    // A negative gap or margin side is reported ("gap >= 0", "margin >= 0") and taken as 0.
+    void SetGap(short newGap);
     short GetGap() const noexcept { return gap; }
-    void SetMargin(const Inset& newMargin) noexcept { margin = newMargin; }
+    void SetMargin(const Inset& newMargin);
     const Inset& GetMargin() const noexcept { return margin; }
     void SetGravity(Gravity newGravity) noexcept { gravity = newGravity; }
     Gravity GetGravity() const noexcept { return gravity; }

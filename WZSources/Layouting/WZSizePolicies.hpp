@@ -41,6 +41,18 @@ struct VFixedWidth {
 };
 struct VAutoFillWidth {};
 
+// Whether a policy's sizes are lengths a layout can take: sizes not negative, weights finite and
+// within 0 … 32767. Layouts take any other as the nearest such length (NaN as 0).
+inline bool IsUsable(std::monostate) { return true; }
+inline bool IsUsable(const HFixedWidth& p) { return p.width >= 0; }
+inline bool IsUsable(const HProportionalWidth& p) { return p.weight >= 0.0f && p.weight <= 32767.0f; }
+inline bool IsUsable(const HFixedHeight& p) { return p.height >= 0; }
+inline bool IsUsable(const HAutoFillHeight&) { return true; }
+inline bool IsUsable(const VFixedHeight& p) { return p.height >= 0; }
+inline bool IsUsable(const VProportionalHeight& p) { return p.weight >= 0.0f && p.weight <= 32767.0f; }
+inline bool IsUsable(const VFixedWidth& p) { return p.width >= 0; }
+inline bool IsUsable(const VAutoFillWidth&) { return true; }
+
 using HMainPolicy = std::variant<std::monostate, HFixedWidth, HProportionalWidth>;
 using HCrossPolicy = std::variant<std::monostate, HFixedHeight, HAutoFillHeight>;
 using VMainPolicy = std::variant<std::monostate, VFixedHeight, VProportionalHeight>;

@@ -1,10 +1,12 @@
 #include "WZSources/Layouting/WZTypedLayoutBase.hpp"
 
+#include "WZSources/ColumnModel/WZPixels.hpp"
 #include "WZSources/ColumnModel/WZResizeColumns.hpp"
 #include "WZSources/Layouting/WZLayoutAxis.hpp"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <variant>
 #include <vector>
 
@@ -19,9 +21,9 @@ struct PassColumn {
     const D* item;
 };
 
-short To16(int value)
+short To16(std::int64_t value)
 {
-    return static_cast<short>(value);
+    return Pixels::Saturated(value);
 }
 
 }  // namespace
@@ -37,12 +39,15 @@ void TypedLayoutBase<D>::ApplyLayout(const QM::Rect& rect) const
         if (GetItem(i).IsVisible())
             visible.push_back(&GetItem(i));
 
+    // Gap, margin and insets are never negative (their setters see to it); the sums are taken in
+    // wide integers and held in the 16-bit range, so huge values squeeze the items, never wrap.
     const Inset& margin = GetMargin();
-    int n = static_cast<int>(visible.size());
-    int insets = 0;
+    const std::int64_t n = static_cast<std::int64_t>(visible.size());
+    std::int64_t insets = 0;
     for (const D* item : visible)
         insets += Axis::Before(item->GetInset()) + Axis::After(item->GetInset());
-    short available = To16(Axis::MainLength(rect) - ((n - 1) * GetGap() + Axis::After(margin) + Axis::Before(margin)) - insets);
+    const std::int64_t gaps = std::max<std::int64_t>(0, n - 1) * GetGap();
+    short available = To16(Axis::MainLength(rect) - (gaps + Axis::After(margin) + Axis::Before(margin)) - insets);
 
     NotifyWillCalculateLayout(rect, available);
 
@@ -75,12 +80,13 @@ void TypedLayoutBase<D>::ApplyLayout(const QM::Rect& rect) const
 
     ResizeColumns([&columns](size_t i) { return columns[i].column; }, columns.size(), available, true);
 
-    short crossStart = To16(Axis::CrossStart(rect) + Axis::CrossBefore(margin));
-    short crossAvailable = To16(Axis::CrossLength(rect) - Axis::CrossAfter(margin) - Axis::CrossBefore(margin));
-    int position = Axis::MainStart(rect) + Axis::Before(margin);
+    short crossStart = To16(std::int64_t {Axis::CrossStart(rect)} + Axis::CrossBefore(margin));
+    short crossAvailable = To16(std::max<std::int64_t>(
+        0, std::int64_t {Axis::CrossLength(rect)} - Axis::CrossAfter(margin) - Axis::CrossBefore(margin)));
+    std::int64_t position = std::int64_t {Axis::MainStart(rect)} + Axis::Before(margin);
     for (size_t i = 0; i < columns.size(); ++i) {
         const PassColumn<D>& entry = columns[i];
-        short length = To16(static_cast<int>(std::trunc(entry.column->GetWidth())));
+        short length = Pixels::Truncated(entry.column->GetWidth());
         if (entry.item == nullptr) {
             if (i == 0)
                 position += length;
@@ -88,8 +94,8 @@ void TypedLayoutBase<D>::ApplyLayout(const QM::Rect& rect) const
         }
         const D& item = *entry.item;
         position += Axis::Before(item.GetInset());
-        item.ApplyRect(Axis::MakeRect(To16(position), To16(crossStart + Axis::CrossOffset(item, crossAvailable)), length,
-                                      Axis::CrossSize(item, crossAvailable)));
+        item.ApplyRect(Axis::MakeRect(To16(position), To16(std::int64_t {crossStart} + Axis::CrossOffset(item, crossAvailable)),
+                                      length, Axis::CrossSize(item, crossAvailable)));
         position += Axis::After(item.GetInset()) + GetGap() + length;
     }
 }

@@ -141,6 +141,7 @@ public:
     PopUpView* GetPopUpView() const override;
     QM::SearchEdit* GetSearchField() const override;
     QM::ListBox* GetListBox() const override;
+    UntypedListBoxView* GetListBoxView() const override;
     QM::Button* GetUpButton() const override;
     QM::Rect GetRect() const override { return rect; }
     QM::Item* GetHierarchicalTable() const override;

@@ -120,6 +120,11 @@ QM::ListBox* FolderedDataView::GetListBox() const
     return controls != nullptr ? &controls->listBoxControl : nullptr;
 }
 
+UntypedListBoxView* FolderedDataView::GetListBoxView() const
+{
+    return controls != nullptr ? &controls->listBox : nullptr;
+}
+
 QM::Button* FolderedDataView::GetUpButton() const
 {
     return controls != nullptr ? &controls->upButton : nullptr;

@@ -20,6 +20,10 @@
 #include "QM/QMGeometry.hpp"
 #include "WZSources/CompoundControls/FolderedDataView/Views/WZFDVLayoutResource.hpp"
 
+namespace WZ::Layouting {
+class VerticalLinearLayout;
+}  // namespace WZ::Layouting
+
 namespace WZ::Folderable {
 
 class Layout {
@@ -55,6 +59,9 @@ public:
 protected:
     LayoutResource& GetResource() const noexcept { return resource; }
     void SetRect(const QM::Rect& newRect) noexcept { rect = newRect; }
+    // Adds the resource's list box to a column, filling the room left; it is moved and sized
+    // through the resource's list box view when there is one (its columns follow), else directly.
+    void AddListBox(Layouting::VerticalLinearLayout& column) const;
     // Places the controls again in the remembered rectangle, if there is one.
     void ReApply();
 

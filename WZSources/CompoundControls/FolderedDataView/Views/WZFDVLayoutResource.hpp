@@ -13,12 +13,19 @@ class Splitter;
 class TreeView;
 }  // namespace QM
 
+namespace WZ {
+class UntypedListBoxView;
+}  // namespace WZ
+
 namespace WZ::Folderable {
 
 class LayoutResource {
 public:
     virtual QM::SearchEdit* GetSearchField() const = 0;
     virtual QM::ListBox* GetListBox() const = 0;
+    // The columned view over the list box, when the resource has one: the layouts then move and
+    // size the list box through it, so that its columns follow the new width. Null by default.
+    virtual UntypedListBoxView* GetListBoxView() const;
     virtual QM::Button* GetUpButton() const = 0;
     // The toolkit item of the hierarchical table.
     virtual QM::Item* GetHierarchicalTable() const = 0;

@@ -85,7 +85,9 @@ void NormalLayout::ApplyLayout(const QM::Rect& rect)
 
 void NormalLayout::AddContent(Layouting::VerticalLinearLayout& column) const
 {
-    if (content != nullptr)
+    if (content != nullptr && content == GetResource().GetListBox())
+        AddListBox(column);
+    else if (content != nullptr)
         column.Add(*content, Layouting::VProportionalHeight {1.0f}, Layouting::VAutoFillWidth {});
 }
 

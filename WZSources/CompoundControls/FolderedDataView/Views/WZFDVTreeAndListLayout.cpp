@@ -116,8 +116,7 @@ void TreeAndListLayout::AddContent(Layouting::VerticalLinearLayout& column) cons
     auto right = NK::NewOwned<VerticalLinearLayout>();
     right->SetGap(NormalLayout::gap);
     right->AddLayout(std::move(header), VFixedHeight {headerHeight}, VAutoFillWidth {});
-    if (QM::ListBox* listBox = resource.GetListBox())
-        right->Add(*listBox, VProportionalHeight {1.0f}, VAutoFillWidth {});
+    AddListBox(*right);
 
     auto row = NK::NewOwned<HorizontalLinearLayout>();
     if (QM::TreeView* tree = resource.GetTreeView())
