@@ -77,10 +77,19 @@ NK::ErrCode HierarchicalView::ViewState::Write(NK::OChannel& channel) const
 
 NK::ErrCode HierarchicalView::ViewState::Read(NK::IChannel& channel)
 {
-    const NK::ErrCode error = View::ViewState::Read(channel);
-    if (error != NK::NoError)
+    // The layout part is read into a copy and taken over only when the column layout was read
+    // too (which itself changes nothing on a failure), so a failure leaves this state as it was.
+    NK::Owner<Layout::LayoutState> layoutPart = GetLayoutState() != nullptr ? GetLayoutState()->Clone() : nullptr;
+    if (layoutPart != nullptr) {
+        if (const NK::ErrCode error = layoutPart->Read(channel); error != NK::NoError)
+            return error;
+    } else if (channel.GetStatus() != NK::NoError) {
+        return channel.GetStatus();
+    }
+    if (const NK::ErrCode error = columnLayout.Read(channel); error != NK::NoError)
         return error;
-    return columnLayout.Read(channel);
+    SetLayoutState(std::move(layoutPart));
+    return NK::NoError;
 }
 
 HierarchicalView::InMemoryViewState::InMemoryViewState() = default;

@@ -2,6 +2,7 @@
 #include "WZSources/CompoundControls/FolderedDataView/Views/WZFDVListBoxBaseView.hpp"
 
 #include "NK/NKAssert.hpp"
+#include "WZSources/ColumnModel/WZPixels.hpp"
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableModelItem.hpp"
 #include "WZSources/WZLoggedAssert.hpp"
 
@@ -50,8 +51,15 @@ NK::ErrCode ListBoxBaseView::ViewState::Write(NK::OChannel& channel) const
 
 NK::ErrCode ListBoxBaseView::ViewState::Read(NK::IChannel& channel)
 {
-    if (const NK::ErrCode error = View::ViewState::Read(channel); error != NK::NoError)
-        return error;
+    // Both parts are read into copies and taken over only when the whole state was read, so a
+    // failure leaves this state as it was.
+    NK::Owner<Layout::LayoutState> layoutPart = GetLayoutState() != nullptr ? GetLayoutState()->Clone() : nullptr;
+    if (layoutPart != nullptr) {
+        if (const NK::ErrCode error = layoutPart->Read(channel); error != NK::NoError)
+            return error;
+    } else if (channel.GetStatus() != NK::NoError) {
+        return channel.GetStatus();
+    }
     NK::UInt16 count = 0;
     if (const NK::ErrCode error = channel.Read(count); error != NK::NoError)
         return error;
@@ -66,10 +74,18 @@ NK::ErrCode ListBoxBaseView::ViewState::Read(NK::IChannel& channel)
         channel.Read(visible);
         if (const NK::ErrCode error = channel.Read(widthBits); error != NK::NoError)
             return error;
-        read.columns.Put(id, UntypedListBox::Manager::ColumnState {visible, std::bit_cast<float>(widthBits)});
+        // A width that is no pixel length (NaN, infinite, negative, past the 16-bit range) is a
+        // damaged stream, not a width to lay columns out with.
+        const float width = std::bit_cast<float>(widthBits);
+        if (!Pixels::IsValidLength(width))
+            return UnknownValue;
+        read.columns.Put(id, UntypedListBox::Manager::ColumnState {visible, width});
     }
+    if (channel.GetStatus() != NK::NoError)
+        return channel.GetStatus();
     columns = std::move(read);
-    return channel.GetStatus();
+    SetLayoutState(std::move(layoutPart));
+    return NK::NoError;
 }
 
 // ---- list box base view -----------------------------------------------------------------

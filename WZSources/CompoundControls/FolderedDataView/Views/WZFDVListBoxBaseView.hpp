@@ -53,8 +53,9 @@ public:
         ViewState(NK::Owner<Layout::LayoutState> layoutState, ColumnState columns);
         ~ViewState() override;
 
-        // A failing base part returns the channel's error and leaves the columns untouched, as
-        // does a column part that cannot be read whole (-7003 for a count past any real list).
+        // A failing layout part returns its error, a column part that cannot be read whole the
+        // channel's, a count past any real list or a width that is no pixel length (NaN,
+        // infinite, negative, past 32767) -7003; on any failure the state is left as it was.
         NK::ErrCode Write(NK::OChannel& channel) const override;
         NK::ErrCode Read(NK::IChannel& channel) override;
 

@@ -58,6 +58,11 @@ public:
         const Layout::LayoutState* GetLayoutState() const noexcept { return layoutState.Get(); }
         Layout::LayoutState* GetLayoutState() noexcept { return layoutState.Get(); }
 
+    protected:
+        // For readers that read the layout part into a copy and keep it only when their own part
+        // was read whole.
+        void SetLayoutState(NK::Owner<Layout::LayoutState> state) noexcept { layoutState = std::move(state); }
+
     private:
         NK::Owner<Layout::LayoutState> layoutState;
     };
