@@ -1,24 +1,17 @@
+#include "DataViewTestBench.hpp"
+
 #include "NK/NKAssert.hpp"
-#include "NK/NKMemoryChannel.hpp"
-#include "QM/QMButton.hpp"
-#include "QM/QMDialog.hpp"
-#include "QM/QMListBox.hpp"
-#include "QM/QMPopUpControl.hpp"
-#include "QM/QMSearchEdit.hpp"
-#include "QM/QMSplitter.hpp"
-#include "QM/QMTreeView.hpp"
-#include "WZSources/CompoundControls/FolderedDataView/Views/WZFDVLayouts.hpp"
-#include "WZSources/CompoundControls/FolderedDataView/Views/WZFDVTreeAndListLayout.hpp"
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <limits>
+
 namespace {
 
-using WZ::Folderable::FlatListLayout;
-using WZ::Folderable::HierarchicalLayout;
+using namespace FDVDataViewTest;
 using WZ::Folderable::Layout;
 using WZ::Folderable::NormalLayout;
-using WZ::Folderable::TreeAndListLayout;
 
 // The controls of a data view on a dialog, as the layouts' resource.
 class Controls : public WZ::Folderable::LayoutResource {
@@ -176,6 +169,110 @@ TEST_F(LayoutsTest, AStateOfAnotherLayoutKindIsReportedAndIgnored)
     EXPECT_EQ(capture.GetReports()[0].expression, "treeAndList != nullptr");
     EXPECT_EQ(layout.GetSplitterState().treeWidth, 222);
     EXPECT_TRUE(layout.IsSearchFieldVisible());
+}
+
+// ---- a whole data view: its list's columns and their state ---------------------------------
+
+using ColumnState = WZ::Folderable::Views::ListBoxBaseView::ColumnState;
+
+class DataViewColumnsTest : public ::testing::Test {
+protected:
+    // Name and Kind share the room, Size keeps 60 pixels.
+    static void AddColumns(Browser& browser)
+    {
+        WZ::Folderable::UntypedListBox& list = *browser.dataView.GetListBoxDataView();
+        list.AddTextColumn(2, "Kind", NK::NewOwned<WZ::ProportionalColumn>(1.0f, 100), [](const ListBoxItem&) { return NK::UniString("-"); });
+        list.AddTextColumn(3, "Size", NK::NewOwned<WZ::FixedColumn>(60), [](const ListBoxItem&) { return NK::UniString("1 KB"); });
+        list.SetupColumns();
+        browser.dataView.SetItems(BuildForest({Node("Recipes", {Node("Soups"), Node("Bread")}), Node("Letters")}));
+        browser.dataView.CreateDefaultState();
+        browser.dataView.SetViewMode(ViewMode::FlatList);
+        browser.dataView.ShowCurrentView();
+        browser.dataView.InitRect();
+    }
+
+    DataViewColumnsTest() { AddColumns(browser); }
+
+    WZ::Folderable::UntypedListBox& List(Browser& b) { return *b.dataView.GetListBoxDataView(); }
+    std::vector<std::pair<short, short>> Tabs(Browser& b)
+    {
+        std::vector<std::pair<short, short>> tabs;
+        for (short tab = 1; tab <= b.ListBox().GetTabFieldCount(); ++tab)
+            tabs.emplace_back(b.ListBox().GetTabFieldBeginPosition(tab), b.ListBox().GetTabFieldEndPosition(tab));
+        return tabs;
+    }
+    std::vector<NK::Byte> Written(Browser& b)
+    {
+        NK::MemoryOChannel channel;
+        EXPECT_EQ(b.dataView.WriteState(channel), NK::NoError);
+        return channel.GetBytes();
+    }
+
+    Browser browser;
+};
+
+TEST_F(DataViewColumnsTest, TheListsTabFieldsFollowEveryPlacementOfTheList)
+{
+    auto lastEnd = [&] { return Tabs(browser).back().second; };
+    EXPECT_EQ(lastEnd(), browser.ListBox().GetItemWidth());
+    browser.dataView.Resize(300, 400);
+    EXPECT_EQ(browser.ListBox().GetRect().GetWidth(), 300);
+    EXPECT_EQ(lastEnd(), 300);
+    browser.dataView.SetViewMode(ViewMode::TreeAndList);  // the list beside the tree
+    EXPECT_LT(browser.ListBox().GetItemWidth(), 300);
+    EXPECT_EQ(lastEnd(), browser.ListBox().GetItemWidth());
+}
+
+TEST_F(DataViewColumnsTest, CustomColumnWidthsRoundTripThroughTheState)
+{
+    ColumnState custom = List(browser).GetColumnState();
+    custom.columns.Put(1, {true, 150});
+    custom.columns.Put(2, {true, 450});
+    custom.columns.Put(3, {false, 60});
+    List(browser).ApplyColumnState(custom);
+    const ColumnState shown = List(browser).GetColumnState();
+    EXPECT_EQ(Tabs(browser), (std::vector<std::pair<short, short>> {{0, 155}, {155, 620}}));
+
+    Browser second;
+    AddColumns(second);
+    NK::MemoryIChannel channel(Written(browser));
+    ASSERT_EQ(second.dataView.ReadState(channel), NK::NoError);
+    EXPECT_TRUE(List(second).GetColumnState() == shown);
+    EXPECT_EQ(Tabs(second), Tabs(browser));
+}
+
+TEST_F(DataViewColumnsTest, AStateWithWidthsThatAreNoPixelLengthsIsRefusedAndTheLayoutKept)
+{
+    const std::vector<NK::Byte> before = Written(browser);
+    const auto tabsBefore = Tabs(browser);
+    const float damaged[] = {std::numeric_limits<float>::quiet_NaN(), static_cast<float>(1e300), -5.0f, 1e30f};
+    for (float width : damaged) {
+        // The data view's own state, with the flat list's Name column at the damaged width.
+        ColumnState columns = List(browser).GetColumnState();
+        columns.columns.Put(1, {true, width});
+        FolderedDataView::State state;
+        state.SetViewMode(ViewMode::FlatList);
+        for (const auto& entry : browser.dataView.GetState()->GetViewStates()) {
+            WZ::Folderable::Views::View& view = *browser.dataView.GetView(entry.first);
+            state.PutViewState(entry.first, entry.first != ViewMode::FlatList
+                                                ? view.GetState()
+                                                : NK::NewOwned<WZ::Folderable::Views::ListBoxBaseView::ViewState>(
+                                                      view.GetLayout()->GetState(), columns));
+        }
+        NK::MemoryOChannel out;
+        ASSERT_EQ(state.Write(out), NK::NoError);
+        NK::MemoryIChannel in(out.GetBytes());
+        EXPECT_EQ(browser.dataView.ReadState(in), NK::ErrMissingElement) << width;
+        EXPECT_EQ(Tabs(browser), tabsBefore) << width;
+        EXPECT_EQ(Written(browser), before) << width;
+    }
+    // Handed to the list directly, such a width is reported and the column keeps its own.
+    NK::AssertCapture capture;
+    ColumnState columns = List(browser).GetColumnState();
+    columns.columns.Put(1, {true, std::bit_cast<float>(0x7FC00000)});
+    List(browser).ApplyColumnState(columns);
+    EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"width is a pixel length"}));
+    EXPECT_EQ(Tabs(browser), tabsBefore);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <random>
 #include <set>
 #include <vector>
@@ -61,7 +62,11 @@ TEST_F(ColumnManagerTest, SetupConfiguresHeaderItemsAndTabFields)
 {
     AddThreeColumns();
     manager.SetDraggableHeaderButtons(true);
+    QM::Item edit(dialog, QM::Rect(0, 0, 10, 10));
+    listBox.SetTabFieldCount(2);
+    listBox.SetOnTabItem(2, &edit);
     manager.Setup(listBox);
+    EXPECT_EQ(listBox.GetOnTabItem(2), nullptr);
 
     EXPECT_FALSE(listBox.GetHeaderSynchronState());
     EXPECT_TRUE(listBox.HasHeaderDragableButtons());
@@ -74,16 +79,6 @@ TEST_F(ColumnManagerTest, SetupConfiguresHeaderItemsAndTabFields)
     EXPECT_EQ(listBox.GetTabFieldTruncation(1), Truncation::End);
     EXPECT_EQ(listBox.GetTabFieldJustification(2), Justification::Right);
     EXPECT_TRUE(listBox.GetTabFieldOwnerDrawFlag(3));
-}
-
-TEST_F(ColumnManagerTest, SetupRemovesItemsPlacedOnTabFields)
-{
-    AddThreeColumns();
-    QM::Item edit(dialog, QM::Rect(0, 0, 10, 10));
-    listBox.SetTabFieldCount(2);
-    listBox.SetOnTabItem(2, &edit);
-    manager.Setup(listBox);
-    EXPECT_EQ(listBox.GetOnTabItem(2), nullptr);
 }
 
 TEST_F(ColumnManagerTest, HeaderPropertiesFollowItsVisibleColumns)
@@ -106,20 +101,31 @@ TEST_F(ColumnManagerTest, HeaderPropertiesFollowItsVisibleColumns)
     EXPECT_FALSE(details.IsVisible());
     EXPECT_TRUE(details.IsFixed());  // no visible column counts as fixed
     EXPECT_EQ(details.GetWidth(), 0);
-}
 
-TEST_F(ColumnManagerTest, WidthsAreSummedOfWholePixels)
-{
-    auto& header = manager.AddHeader(1, "H");
+    // Sums of whole pixels, held in the 16-bit range.
+    auto& header = manager.AddHeader(3, "H");
     manager.AddProportionalColumn(1, header, 10.7f, 20.9f);
     manager.AddProportionalColumn(2, header, 10.7f, 20.9f);
     EXPECT_EQ(header.GetWidth(), 40);
     EXPECT_EQ(header.GetMinWidth(), 20);
+    manager.AddFixedColumn(3, header, 30000);
+    manager.AddFixedColumn(4, header, 30000);
+    manager.AddFixedColumn(5, header, NAN);
+    EXPECT_EQ(header.GetWidth(), 32767);
 }
 
 TEST_F(ColumnManagerTest, HiddenHeaderGetsNoHeaderItemAndItsColumnsNoTabFields)
 {
     AddThreeColumns();
+    for (short id : {10, 20, 30})
+        manager.GetColumn(id)->SetVisible(false);
+    manager.Setup(listBox);
+    manager.Resize(listBox, false);
+    EXPECT_EQ(listBox.GetHeaderItemCount(), 0);
+    EXPECT_EQ(listBox.GetTabFieldCount(), 0);  // no column, no tab field
+    for (short id : {10, 20, 30})
+        manager.GetColumn(id)->SetVisible(true);
+
     manager.GetColumn(10)->SetVisible(false);
     manager.Setup(listBox);
     manager.Resize(listBox, false);
@@ -195,6 +201,14 @@ TEST_F(ColumnManagerTest, DraggedDividerIsSharedByTheHeadersColumnsAndTabsTiledA
     manager.HeaderResized(listBox, 2, 100);
     // Details 100: fixed 60 keeps its width while the proportional one (min 30) gets the rest.
     EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 120}, {120, 180}, {180, 220}}));
+
+    // Dragged outward past the list box: Details gives back down to its minimum 90, then Name
+    // itself, so that the tab fields end at the list box's width.
+    manager.Resize(listBox, false);
+    ASSERT_TRUE(listBox.SimulateUserDragHeaderDivider(1, 250));
+    manager.HeaderResized(listBox, 1, 250);
+    EXPECT_EQ(HeaderSizes(), (std::vector<short> {240, 90}));
+    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 240}, {240, 300}, {300, 330}}));
 }
 
 TEST_F(ColumnManagerTest, ResizeCanKeepTheUsersColumnProportions)

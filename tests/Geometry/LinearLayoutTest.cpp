@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <functional>
 #include <map>
 #include <memory>
@@ -122,46 +123,119 @@ TEST_F(LinearLayoutTest, MarginGapsAndInsetsAreTakenFromTheRoomAndToldToTheDeleg
     EXPECT_EQ(b.GetRect(), QM::Rect(57, 3, 194, 45));  // 46 + right inset 3 + gap 8; ends at 200 - 6
 }
 
-TEST_F(LinearLayoutTest, CrossAxisAlignmentCodesDifferBetweenDirections)
+// Offsets and sizes across the axis, in room 45 (horizontal) or 100 (vertical). The alignment
+// codes differ between the directions: 2 is bottom only, 4 right only.
+TEST_F(LinearLayoutTest, CrossAxisOffsetsAndSizes)
 {
-    HQMItemDescriptor centred(NewItem(), HFixedWidth {10}, HFixedHeight {VerticalAlignment::Center, 20}, Inset {});
-    EXPECT_EQ(centred.GetY(45), 12);
-    HQMItemDescriptor bottom(NewItem(), HFixedWidth {10}, HFixedHeight {VerticalAlignment::Bottom, 20}, Inset {});
-    EXPECT_EQ(bottom.GetY(45), 25);
-    HQMItemDescriptor code4(NewItem(), HFixedWidth {10}, HFixedHeight {static_cast<VerticalAlignment>(4), 20}, Inset {});
-    EXPECT_EQ(code4.GetY(45), 0);  // 4 is "right" across a vertical layout, nothing here
-    HQMItemDescriptor fill(NewItem(), HFixedWidth {10}, HAutoFillHeight {}, Inset {1, 3, 2, 4});
-    EXPECT_EQ(fill.GetY(45), 3);
-    EXPECT_EQ(fill.GetHeight(45), 38);
-    EXPECT_EQ(fill.GetOwnInsetsForWidth(), 3);
-    EXPECT_EQ(fill.GetOwnInsetsForHeight(), 7);
-
-    VQMItemDescriptor right(NewItem(), VFixedHeight {10}, VFixedWidth {HorizontalAlignment::Right, 30}, Inset {});
-    EXPECT_EQ(right.GetX(100), 70);
-    VQMItemDescriptor code2(NewItem(), VFixedHeight {10}, VFixedWidth {static_cast<HorizontalAlignment>(2), 30}, Inset {});
-    EXPECT_EQ(code2.GetX(100), 0);  // 2 is "bottom" across a horizontal layout
-    VQMItemDescriptor centre(NewItem(), VFixedHeight {10}, VFixedWidth {HorizontalAlignment::Center, 30}, Inset {});
-    EXPECT_EQ(centre.GetX(101), 35);
-    VQMItemDescriptor fillWidth(NewItem(), VFixedHeight {10}, VAutoFillWidth {}, Inset {5, 0, 7, 0});
-    EXPECT_EQ(fillWidth.GetX(100), 5);
-    EXPECT_EQ(fillWidth.GetWidth(100), 88);
+    struct Case {
+        HCrossPolicy h;
+        VCrossPolicy v;
+        Inset inset;
+        short offset, size;
+    };
+    const auto hFixed = [](int code, short height) { return HFixedHeight {static_cast<VerticalAlignment>(code), height}; };
+    const auto vFixed = [](int code, short width) { return VFixedWidth {static_cast<HorizontalAlignment>(code), width}; };
+    const std::vector<Case> cases {
+        {hFixed(1, 20), std::monostate {}, {}, 12, 20},  // (45 - 20) / 2 in integers
+        {hFixed(2, 20), std::monostate {}, {}, 25, 20},
+        {hFixed(4, 20), std::monostate {}, {}, 0, 20},
+        {hFixed(1, 60), std::monostate {}, {}, -7, 60},  // larger than the room: centred over it
+        {hFixed(0, -5), std::monostate {}, {}, 0, 0},
+        {HAutoFillHeight {}, std::monostate {}, {1, 3, 2, 4}, 3, 38},
+        {HAutoFillHeight {}, std::monostate {}, {0, 30, 0, 30}, 30, 0},  // insets beyond the room
+        {std::monostate {}, vFixed(4, 30), {}, 70, 30},
+        {std::monostate {}, vFixed(2, 30), {}, 0, 30},
+        {std::monostate {}, vFixed(1, 31), {}, 34, 31},
+        {std::monostate {}, VAutoFillWidth {}, {5, 1, 7, 2}, 5, 88},
+        {std::monostate {}, VAutoFillWidth {}, {60, 0, 60, 0}, 60, 0},
+    };
+    NK::AssertCapture capture;  // the negative height is reported
+    for (const Case& c : cases) {
+        if (!std::holds_alternative<std::monostate>(c.h)) {
+            HQMItemDescriptor item(NewItem(), HFixedWidth {10}, c.h, c.inset);
+            EXPECT_EQ(item.GetY(45), c.offset);
+            EXPECT_EQ(item.GetHeight(45), c.size);
+            EXPECT_EQ(item.GetOwnInsetsForHeight(), c.inset.top + c.inset.bottom);
+        } else {
+            VQMItemDescriptor item(NewItem(), VFixedHeight {10}, c.v, c.inset);
+            EXPECT_EQ(item.GetX(100), c.offset);
+            EXPECT_EQ(item.GetWidth(100), c.size);
+            EXPECT_EQ(item.GetOwnInsetsForWidth(), c.inset.left + c.inset.right);
+        }
+    }
+    // A rectangle turned inside out becomes an empty one where it starts.
+    QM::Item& squeezed = NewItem();
+    HQMItemDescriptor(squeezed, HFixedWidth {10}, HAutoFillHeight {}, {}).ApplyRect(QM::Rect(10, 20, 4, 12));
+    EXPECT_EQ(squeezed.GetRect(), QM::Rect(10, 20, 10, 20));
 }
 
-TEST_F(LinearLayoutTest, VerticalLayoutStacksAndPacksAtTheBottomWithGravityEnd)
+TEST_F(LinearLayoutTest, VerticalLayoutStacksInsideItsMarginAndPacksAtTheBottomWithGravityEnd)
 {
     QM::Item& a = NewItem();
     QM::Item& b = NewItem();
     VerticalLinearLayout layout;
-    layout.Add(a, VFixedHeight {20}, VFixedWidth {HorizontalAlignment::Right, 50});
-    layout.Add(b, VFixedHeight {30}, VAutoFillWidth {}, Inset {10, 0, 0, 0});
+    layout.SetMargin(Inset {3, 4, 6, 8});
+    layout.Add(a, VFixedHeight {20}, VFixedWidth {HorizontalAlignment::Right, 50}, Inset {0, 1, 0, 2});
+    layout.Add(b, VFixedHeight {30}, VAutoFillWidth {}, Inset {10, 0, 5, 0});
     layout.SetGap(5);
+    // Across: x from 3, room 100 - 3 - 6 = 91.
     layout.ApplyLayout(QM::Rect(0, 0, 100, 200));
-    EXPECT_EQ(a.GetRect(), QM::Rect(50, 0, 100, 20));
-    EXPECT_EQ(b.GetRect(), QM::Rect(10, 25, 100, 55));
+    EXPECT_EQ(a.GetRect(), QM::Rect(44, 5, 94, 25));
+    EXPECT_EQ(b.GetRect(), QM::Rect(13, 32, 89, 62));
     layout.SetGravity(Gravity::End);
     layout.ApplyLayout(QM::Rect(0, 0, 100, 200));
-    EXPECT_EQ(b.GetRect(), QM::Rect(10, 145, 100, 175));
-    EXPECT_EQ(a.GetRect(), QM::Rect(50, 180, 100, 200));
+    EXPECT_EQ(b.GetRect(), QM::Rect(13, 134, 89, 164));
+    EXPECT_EQ(a.GetRect(), QM::Rect(44, 170, 94, 190));  // ends at 200 - 8 less its bottom inset
+}
+
+// With no room over, the filler still takes its one pixel (its minimum) and pushes the items
+// past the far edge under gravity End.
+TEST_F(LinearLayoutTest, TheFillerKeepsItsMinimumPixel)
+{
+    QM::Item& a = NewItem();
+    QM::Item& b = NewItem();
+    HorizontalLinearLayout layout;
+    layout.SetGravity(Gravity::End);
+    layout.Add(a, HFixedWidth {50}, top20);
+    layout.Add(b, HFixedWidth {30}, top20);
+    layout.ApplyLayout(QM::Rect(0, 0, 80, 20));
+    EXPECT_EQ(b.GetRect(), QM::Rect(1, 0, 31, 20));
+    EXPECT_EQ(a.GetRect(), QM::Rect(31, 0, 81, 20));
+}
+
+// Bad sizes are reported and taken as the nearest lengths: no item moves backwards, no position
+// wraps around the 16-bit range.
+TEST_F(LinearLayoutTest, BadSizesAreClampedAndNeverWrap)
+{
+    struct Case {
+        const char* what;
+        HMainPolicy first, second;
+        short gap, inset;
+        std::vector<short> lefts, rights;
+        size_t reports;
+    };
+    const std::vector<Case> cases {
+        {"negative fixed width", HFixedWidth {-50}, HFixedWidth {30}, 0, 0, {0, 0}, {0, 30}, 1},
+        {"negative weight", HProportionalWidth {-1}, HProportionalWidth {3}, 0, 0, {0, 0}, {0, 100}, 1},
+        {"NaN weight", HProportionalWidth {NAN}, HProportionalWidth {3}, 0, 0, {0, 0}, {0, 100}, 1},
+        {"infinite weight", HProportionalWidth {INFINITY}, HFixedWidth {30}, 0, 0, {0, 32767}, {32767, 32767}, 1},
+        {"huge gap", HFixedWidth {10}, HFixedWidth {30}, 30000, 0, {0, 30010}, {10, 30040}, 0},
+        {"negative gap", HFixedWidth {10}, HFixedWidth {30}, -20, 0, {0, 10}, {10, 40}, 1},
+        {"huge insets", HFixedWidth {10}, HFixedWidth {30}, 0, 20000, {20000, 32767}, {20010, 32767}, 0},
+    };
+    for (const Case& c : cases) {
+        NK::AssertCapture capture;
+        QM::Item& a = NewItem();
+        QM::Item& b = NewItem();
+        HorizontalLinearLayout layout;
+        layout.SetGap(c.gap);
+        layout.Add(a, c.first, top20, Inset {c.inset, 0, c.inset, 0});
+        layout.Add(b, c.second, top20, Inset {c.inset, 0, c.inset, 0});
+        layout.ApplyLayout(QM::Rect(0, 0, 100, 20));
+        EXPECT_EQ((std::vector<short> {a.GetRect().GetLeft(), b.GetRect().GetLeft()}), c.lefts) << c.what;
+        EXPECT_EQ((std::vector<short> {a.GetRect().GetRight(), b.GetRect().GetRight()}), c.rights) << c.what;
+        EXPECT_EQ(capture.GetReports().size(), c.reports) << c.what;
+    }
 }
 
 TEST_F(LinearLayoutTest, ItemWithoutMainPolicyIsNeitherSizedNorMoved)
@@ -219,17 +293,6 @@ TEST_F(LinearLayoutTest, ItemAlreadyInPlaceIsNotMovedAgain)
     EXPECT_EQ(a.GetJournal().GetCount(QM::Op::Move), 0u);
     layout.ApplyLayout(QM::Rect(0, 0, 90, 20));
     EXPECT_EQ(a.GetJournal().GetCount(QM::Op::Move), 1u);
-}
-
-TEST_F(LinearLayoutTest, SqueezedItemsGetNoNegativeSizeAndReportNothing)
-{
-    NK::AssertCapture capture;
-    QM::Item& a = NewItem();
-    HorizontalLinearLayout layout;
-    layout.Add(a, HFixedWidth {30}, HAutoFillHeight {}, Inset {0, 10, 0, 10});
-    layout.ApplyLayout(QM::Rect(0, 0, 10, 12));  // below the minimum: the item overflows
-    EXPECT_EQ(a.GetRect(), QM::Rect(0, 10, 30, 10));
-    EXPECT_TRUE(capture.GetReports().empty());
 }
 
 TEST_F(LinearLayoutTest, LayoutableItemsAreOwnedPlacedAndShown)
@@ -314,6 +377,7 @@ TEST_F(LinearLayoutTest, GeneratedNestedLayoutsKeepEveryItemInsideItsLayoutsRect
     auto pick = [&](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
     RectByLayout rects;
     std::map<QM::Item*, const LayoutBase*> owner;
+    const HorizontalAlignment horizontal[] = {HorizontalAlignment::Left, HorizontalAlignment::Center, HorizontalAlignment::Right};
 
     std::function<void(HorizontalLinearLayout&, int)> fillH;
     std::function<void(VerticalLinearLayout&, int)> fillV;
@@ -349,7 +413,7 @@ TEST_F(LinearLayoutTest, GeneratedNestedLayoutsKeepEveryItemInsideItsLayoutsRect
             VMainPolicy main = pick(0, 1) ? VMainPolicy(VFixedHeight {static_cast<short>(pick(1, 6))})
                                           : VMainPolicy(VProportionalHeight {static_cast<float>(pick(1, 3))});
             VCrossPolicy cross = pick(0, 1) ? VCrossPolicy(VAutoFillWidth {})
-                                            : VCrossPolicy(VFixedWidth {static_cast<HorizontalAlignment>(pick(0, 2) * 2),
+                                            : VCrossPolicy(VFixedWidth {horizontal[pick(0, 2)],
                                                                         static_cast<short>(pick(0, 5))});
             QM::Item& item = NewItem();
             owner[&item] = &layout;
