@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <limits>
 
 namespace {
@@ -266,13 +265,6 @@ TEST_F(DataViewColumnsTest, AStateWithWidthsThatAreNoPixelLengthsIsRefusedAndThe
         EXPECT_EQ(Tabs(browser), tabsBefore) << width;
         EXPECT_EQ(Written(browser), before) << width;
     }
-    // Handed to the list directly, such a width is reported and the column keeps its own.
-    NK::AssertCapture capture;
-    ColumnState columns = List(browser).GetColumnState();
-    columns.columns.Put(1, {true, std::bit_cast<float>(0x7FC00000)});
-    List(browser).ApplyColumnState(columns);
-    EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"width is a pixel length"}));
-    EXPECT_EQ(Tabs(browser), tabsBefore);
 }
 
 }  // namespace

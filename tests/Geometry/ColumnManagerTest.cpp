@@ -45,6 +45,14 @@ protected:
         return tabs;
     }
 
+    static std::vector<short> Ids(const NK::Array<Manager::Column*>& columns)
+    {
+        std::vector<short> ids;
+        for (auto* column : columns)
+            ids.push_back(column->GetId());
+        return ids;
+    }
+
     std::vector<short> HeaderSizes() const
     {
         std::vector<short> sizes;
@@ -154,25 +162,18 @@ TEST_F(ColumnManagerTest, ResizeTilesTabFieldsAndSizesHeaderItemsToTheirColumns)
     EXPECT_EQ(Tabs().back().second, 312);
 }
 
-TEST_F(ColumnManagerTest, ListBoxWithoutHeaderGetsTabFieldsButNoHeaderCalls)
+// Without a header the list box gets tab fields but no header calls, and the only icon it gets
+// is the header button's, set only when it differs.
+TEST_F(ColumnManagerTest, ListBoxWithoutHeaderGetsTabFieldsAndTheButtonIconOnlyWhenItDiffers)
 {
     listBox.SetHasHeader(false);
     AddThreeColumns();
-    listBox.ResetJournal();
     manager.SetHeaderButtonIconToDefault();
     manager.Setup(listBox);
     manager.Resize(listBox, false);
     EXPECT_EQ(listBox.GetHeaderItemCount(), 0);
     EXPECT_EQ(listBox.GetJournal().GetCount(QM::Op::SetText), 0u);
     EXPECT_EQ(Tabs().back().second, 330);  // without a header there is no header button to leave room for
-}
-
-TEST_F(ColumnManagerTest, HeaderButtonIconIsSetOnlyWhenItDiffers)
-{
-    listBox.SetHasHeader(false);  // so that the only icon the list box gets is the button's
-    AddThreeColumns();
-    manager.SetHeaderButtonIconToDefault();
-    manager.Setup(listBox);
     EXPECT_TRUE(listBox.IsHeaderButtonEnabled());
     EXPECT_EQ(listBox.GetHeaderButtonIcon(), QM::Icon(-4, 17));
     EXPECT_EQ(listBox.GetJournal().GetCount(QM::Op::SetIcon), 1u);
@@ -241,44 +242,33 @@ TEST_F(ColumnManagerTest, DraggedHeaderTakesItsColumnsAlong)
     manager.Resize(listBox, false);
     manager.HeaderDragged(listBox, 2, 1);
     EXPECT_EQ(listBox.GetHeaderItemText(1), NK::UniString("Details"));
-    std::vector<short> order;
-    for (auto* column : manager.GetVisibleColumns())
-        order.push_back(column->GetId());
-    EXPECT_EQ(order, (std::vector<short> {20, 30, 10}));
+    EXPECT_EQ(Ids(manager.GetVisibleColumns()), (std::vector<short> {20, 30, 10}));
     EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 60}, {60, 150}, {150, 330}}));
     EXPECT_EQ(manager.GetTabIndex(10), 3);
     EXPECT_TRUE(listBox.GetTabFieldOwnerDrawFlag(2));
 }
 
-TEST_F(ColumnManagerTest, ColumnsStayInHeaderOrderWhateverTheOrderOfAddition)
+TEST_F(ColumnManagerTest, ColumnsStayInHeaderOrderAndDuplicateIdsAreRefused)
 {
+    NK::AssertCapture capture;
     auto& first = manager.AddHeader(1, "First");
     auto& second = manager.AddHeader(2, "Second");
     manager.AddFixedColumn(21, second, 10);
     manager.AddFixedColumn(11, first, 10);
     manager.AddFixedColumn(22, second, 10);
-    manager.AddFixedColumn(12, first, 10);
-    std::vector<short> order;
-    for (auto* column : manager.GetColumns())
-        order.push_back(column->GetId());
-    EXPECT_EQ(order, (std::vector<short> {11, 12, 21, 22}));
+    auto& column = manager.AddFixedColumn(12, first, 10);
+    EXPECT_EQ(Ids(manager.GetColumns()), (std::vector<short> {11, 12, 21, 22}));
     EXPECT_EQ(manager.GetColumnOfTab(3)->GetId(), 21);
     EXPECT_EQ(manager.GetColumnOfTab(5), nullptr);
-}
 
-TEST_F(ColumnManagerTest, DuplicateIdsAreRefusedWithAReport)
-{
-    NK::AssertCapture capture;
-    auto& header = manager.AddHeader(1, "H");
-    auto& column = manager.AddFixedColumn(5, header, 10);
-    EXPECT_EQ(&manager.AddHeader(1, "Again"), &header);
-    EXPECT_EQ(&manager.AddFixedColumn(5, header, 99), &column);
+    EXPECT_EQ(&manager.AddHeader(1, "Again"), &first);
+    EXPECT_EQ(&manager.AddFixedColumn(12, second, 99), &column);
     EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"header id is new", "column id is new"}));
-    EXPECT_EQ(manager.GetColumns().GetSize(), 1u);
-    EXPECT_EQ(header.GetText(), NK::UniString("H"));
+    EXPECT_EQ(manager.GetColumns().GetSize(), 4u);
+    EXPECT_EQ(first.GetText(), NK::UniString("First"));
 }
 
-TEST_F(ColumnManagerTest, StateRestoresVisibilityAndWidthsById)
+TEST_F(ColumnManagerTest, StateRestoresVisibilityAndWidthsByIdAndRefusesWidthsThatAreNoLengths)
 {
     AddThreeColumns();
     Manager::State saved = manager.GetState();
@@ -290,14 +280,16 @@ TEST_F(ColumnManagerTest, StateRestoresVisibilityAndWidthsById)
     withStranger.columns.Add(77, {false, 12});
     manager.ApplyState(withStranger);
     EXPECT_TRUE(manager.GetState() == saved);
-    EXPECT_EQ(manager.GetColumn(10)->GetWidth(), 200);
-    EXPECT_TRUE(manager.GetColumn(30)->IsVisible());
 
+    NK::AssertCapture capture;
     Manager::State partial;
-    partial.columns.Add(20, {false, 60});
+    partial.columns.Add(20, {false, NAN});
+    partial.columns.Add(30, {true, -1});
     manager.ApplyState(partial);
     EXPECT_FALSE(manager.GetColumn(20)->IsVisible());
-    EXPECT_TRUE(manager.GetColumn(10)->IsVisible());
+    EXPECT_EQ(manager.GetColumn(20)->GetWidth(), 60);
+    EXPECT_EQ(manager.GetColumn(30)->GetWidth(), 100);
+    EXPECT_EQ(capture.GetReports().size(), 2u);
 }
 
 // Whatever the columns and the width, the tab fields tile from 0 without gaps, and when the

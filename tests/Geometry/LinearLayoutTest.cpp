@@ -11,44 +11,37 @@
 #include <map>
 #include <memory>
 #include <random>
+#include <type_traits>
 #include <vector>
 
 namespace {
 
 using namespace WZ::Layouting;
 
-class RecordingDelegate : public LayoutBase::Delegate {
+// Records every pass: the room told and the rectangle each layout was last given.
+class Recorder : public LayoutBase::Delegate {
 public:
     void WillCalculateLayout(const LayoutBase& layout, const QM::Rect& rect, short available) override
     {
-        calls.push_back({&layout, rect, available});
+        rects[&layout] = rect;
+        rooms.push_back(available);
     }
-    struct Call {
-        const LayoutBase* layout;
-        QM::Rect rect;
-        short available;
-    };
-    std::vector<Call> calls;
+    std::map<const LayoutBase*, QM::Rect> rects;
+    std::vector<short> rooms;
 };
 
 // A client object that remembers where it was put.
 class Area : public ILayoutableItem {
 public:
-    explicit Area(QM::Item* managed = nullptr) : managed(managed) {}
+    explicit Area(QM::Item& managed) : managed(managed) {}
     void ApplyRect(const QM::Rect& rect) override { placed.push_back(rect); }
     void SetVisibility(bool isVisible) override { visible = isVisible; }
     bool IsVisible() const override { return visible; }
-    ManagedQMItems GetManagedQMItems() const override
-    {
-        ManagedQMItems items;
-        if (managed != nullptr)
-            items.Add(managed);
-        return items;
-    }
+    ManagedQMItems GetManagedQMItems() const override { return ManagedQMItems {&managed}; }
 
     std::vector<QM::Rect> placed;
     bool visible = true;
-    QM::Item* managed;
+    QM::Item& managed;
 };
 
 class LinearLayoutTest : public ::testing::Test {
@@ -93,12 +86,11 @@ TEST_F(LinearLayoutTest, ProportionalItemsShareTheRoomInWholePixels)
     HorizontalLinearLayout layout;
     layout.Add(a, HProportionalWidth {1}, top20);
     layout.Add(b, HProportionalWidth {3}, top20);
-    layout.ApplyLayout(QM::Rect(0, 0, 100, 20));
-    EXPECT_EQ(a.GetRect(), QM::Rect(0, 0, 25, 20));
-    EXPECT_EQ(b.GetRect(), QM::Rect(25, 0, 100, 20));
-    layout.ApplyLayout(QM::Rect(0, 0, 101, 20));
-    EXPECT_EQ(a.GetRect().GetWidth(), 25);
-    EXPECT_EQ(b.GetRect(), QM::Rect(25, 0, 101, 20));
+    for (short width : {100, 101}) {  // 25 and 75, then 25 and 76: the larger fraction gets the pixel
+        layout.ApplyLayout(QM::Rect(0, 0, width, 20));
+        EXPECT_EQ(a.GetRect(), QM::Rect(0, 0, 25, 20));
+        EXPECT_EQ(b.GetRect(), QM::Rect(25, 0, width, 20));
+    }
 }
 
 TEST_F(LinearLayoutTest, MarginGapsAndInsetsAreTakenFromTheRoomAndToldToTheDelegate)
@@ -106,7 +98,7 @@ TEST_F(LinearLayoutTest, MarginGapsAndInsetsAreTakenFromTheRoomAndToldToTheDeleg
     QM::Item& a = NewItem();
     QM::Item& b = NewItem();
     HorizontalLinearLayout layout;
-    RecordingDelegate delegate;
+    Recorder delegate;
     layout.SetDelegate(&delegate);
     layout.SetMargin(Inset {4, 3, 6, 5});
     layout.SetGap(8);
@@ -114,10 +106,8 @@ TEST_F(LinearLayoutTest, MarginGapsAndInsetsAreTakenFromTheRoomAndToldToTheDeleg
     layout.Add(b, HProportionalWidth {1}, HAutoFillHeight {});
     layout.ApplyLayout(QM::Rect(0, 0, 200, 50));
 
-    ASSERT_EQ(delegate.calls.size(), 1u);
-    EXPECT_EQ(delegate.calls[0].layout, &layout);
-    EXPECT_EQ(delegate.calls[0].rect, QM::Rect(0, 0, 200, 50));
-    EXPECT_EQ(delegate.calls[0].available, 200 - (8 + 6 + 4) - (2 + 3));
+    EXPECT_EQ(delegate.rooms, (std::vector<short> {200 - (8 + 6 + 4) - (2 + 3)}));
+    EXPECT_EQ(delegate.rects[&layout], QM::Rect(0, 0, 200, 50));
     // Cross room 50 - 5 - 3 = 42; the filling item leaves its own top and bottom inset.
     EXPECT_EQ(a.GetRect(), QM::Rect(6, 4, 46, 43));
     EXPECT_EQ(b.GetRect(), QM::Rect(57, 3, 194, 45));  // 46 + right inset 3 + gap 8; ends at 200 - 6
@@ -263,53 +253,18 @@ TEST_F(LinearLayoutTest, HiddenItemsAndSpacingTakeRoomOnlyWhileVisible)
     HSpacingItem& space = layout.AddSpacing(HFixedWidth {15});
     layout.Add(b, HProportionalWidth {1}, top20);
     layout.SetGap(5);
-    layout.ApplyLayout(QM::Rect(0, 0, 100, 20));
-    EXPECT_EQ(b.GetRect(), QM::Rect(55, 0, 100, 20));
-
-    space.Hide();
-    layout.ApplyLayout(QM::Rect(0, 0, 100, 20));
-    EXPECT_EQ(b.GetRect(), QM::Rect(35, 0, 100, 20));
-
-    a.Hide();
-    layout.ApplyLayout(QM::Rect(0, 0, 100, 20));
-    EXPECT_EQ(b.GetRect(), QM::Rect(0, 0, 100, 20));
-
+    const std::function<void()> steps[] = {[] {}, [&] { space.Hide(); }, [&] { a.Hide(); }};
+    const short expectedLeft[] = {55, 35, 0};
+    for (int i = 0; i < 3; ++i) {
+        steps[i]();
+        layout.ApplyLayout(QM::Rect(0, 0, 100, 20));
+        EXPECT_EQ(b.GetRect(), QM::Rect(expectedLeft[i], 0, 100, 20));
+    }
     layout.HideAll();
-    EXPECT_FALSE(layout.ContainsVisible());
     space.Show();
     EXPECT_FALSE(layout.ContainsVisible());  // spacing alone shows nothing
     layout.ShowAll();
     EXPECT_TRUE(a.IsVisible());
-}
-
-TEST_F(LinearLayoutTest, ItemAlreadyInPlaceIsNotMovedAgain)
-{
-    QM::Item& a = NewItem();
-    HorizontalLinearLayout layout;
-    layout.Add(a, HProportionalWidth {1}, top20);
-    layout.ApplyLayout(QM::Rect(0, 0, 100, 20));
-    a.ResetJournal();
-    layout.ApplyLayout(QM::Rect(0, 0, 100, 20));
-    EXPECT_EQ(a.GetJournal().GetCount(QM::Op::Move), 0u);
-    layout.ApplyLayout(QM::Rect(0, 0, 90, 20));
-    EXPECT_EQ(a.GetJournal().GetCount(QM::Op::Move), 1u);
-}
-
-TEST_F(LinearLayoutTest, LayoutableItemsAreOwnedPlacedAndShown)
-{
-    QM::Item& inner = NewItem();
-    auto area = NK::NewOwned<Area>(&inner);
-    Area& areaRef = *area;
-    VerticalLinearLayout layout;
-    layout.Add(NK::Owner<ILayoutableItem>(std::move(area)), VProportionalHeight {1}, VAutoFillWidth {});
-    layout.ApplyLayout(QM::Rect(0, 0, 80, 60));
-    ASSERT_EQ(areaRef.placed.size(), 1u);
-    EXPECT_EQ(areaRef.placed[0], QM::Rect(0, 0, 80, 60));
-    EXPECT_TRUE(layout.GetManagedQMItems().Contains(&inner));
-    layout.HideAll();
-    EXPECT_FALSE(areaRef.visible);
-    layout.ApplyLayout(QM::Rect(0, 0, 80, 60));
-    EXPECT_EQ(areaRef.placed.size(), 1u);  // hidden: not placed
 }
 
 TEST_F(LinearLayoutTest, NestedLayoutsAreItemsOfTheirParent)
@@ -330,19 +285,29 @@ TEST_F(LinearLayoutTest, NestedLayoutsAreItemsOfTheirParent)
     buttons.GetLayout().SetGap(6);
     buttons.GetLayout().Add(ok, HFixedWidth {70}, HAutoFillHeight {});
     buttons.GetLayout().Add(cancel, HFixedWidth {70}, HAutoFillHeight {});
+    // A client object between the buttons' row and the bottom edge.
+    QM::Item& inner = NewItem();
+    auto owned = NK::NewOwned<Area>(inner);
+    Area& area = *owned;
+    root.Add(NK::Owner<ILayoutableItem>(std::move(owned)), VFixedHeight {10}, VAutoFillWidth {});
 
-    root.ApplyLayout(QM::Rect(0, 0, 300, 200));
+    root.ApplyLayout(QM::Rect(0, 0, 300, 214));
     EXPECT_EQ(label.GetRect(), QM::Rect(0, 0, 60, 20));
     EXPECT_EQ(list.GetRect(), QM::Rect(60, 0, 300, 172));
     EXPECT_EQ(cancel.GetRect(), QM::Rect(154, 176, 224, 200));
     EXPECT_EQ(ok.GetRect(), QM::Rect(230, 176, 300, 200));
+    EXPECT_EQ(area.placed, (std::vector<QM::Rect> {QM::Rect(0, 204, 300, 214)}));
 
-    EXPECT_EQ(root.GetManagedQMItems(), (ManagedQMItems {&label, &list, &ok, &cancel}));
+    EXPECT_EQ(root.GetManagedQMItems(), (ManagedQMItems {&label, &list, &ok, &cancel, &inner}));
 
-    // A nested layout whose content is all hidden gives its room away.
+    // A nested layout whose content is all hidden gives its room away; a hidden object is not placed.
     buttons.Hide();
-    root.ApplyLayout(QM::Rect(0, 0, 300, 200));
-    EXPECT_EQ(list.GetRect(), QM::Rect(60, 0, 300, 200));
+    root.HideAll();
+    EXPECT_FALSE(area.visible);
+    body.Show();
+    root.ApplyLayout(QM::Rect(0, 0, 300, 214));
+    EXPECT_EQ(list.GetRect(), QM::Rect(60, 0, 300, 214));
+    EXPECT_EQ(area.placed.size(), 1u);
 
     // Validity looks into nested layouts.
     EXPECT_TRUE(root.IsValid());
@@ -350,7 +315,8 @@ TEST_F(LinearLayoutTest, NestedLayoutsAreItemsOfTheirParent)
     EXPECT_FALSE(root.IsValid());
 }
 
-TEST_F(LinearLayoutTest, DialogLayoutRunsInsideOneMoveResizeBracket)
+// An item already in place is not moved again; a dialog is laid out in one move/resize bracket.
+TEST_F(LinearLayoutTest, ItemsAreMovedOnlyWhenTheirPlaceChanges)
 {
     QM::Item& a = NewItem();
     HorizontalLinearLayout layout;
@@ -359,65 +325,55 @@ TEST_F(LinearLayoutTest, DialogLayoutRunsInsideOneMoveResizeBracket)
     EXPECT_EQ(a.GetRect(), dialog.GetClientRect());
     EXPECT_EQ(dialog.GetMoveResizeBracketCount(), 1u);
     EXPECT_FALSE(dialog.IsMovingResizingItems());
+    for (short width : {600, 600, 90})
+        layout.ApplyLayout(QM::Rect(0, 0, width, 20));
+    EXPECT_EQ(a.GetJournal().GetCount(QM::Op::Move), 3u);  // the dialog's pass, 600 once, 90
 }
 
-// Records the rectangle every layout was last given.
-class RectByLayout : public LayoutBase::Delegate {
-public:
-    void WillCalculateLayout(const LayoutBase& layout, const QM::Rect& rect, short) override { rects[&layout] = rect; }
-    std::map<const LayoutBase*, QM::Rect> rects;
-};
-
 // Random trees of nested layouts, where the minimums fit (nested layouts take proportional shares
-// of a root far larger than any generated minimum): every toolkit item lies inside the rectangle
-// of the layout that holds it, and that one inside the root's.
+// of a root far larger than any generated minimum), with every alignment valid for its axis:
+// every toolkit item lies inside the rectangle of the layout that holds it, and that one inside
+// the root's.
 TEST_F(LinearLayoutTest, GeneratedNestedLayoutsKeepEveryItemInsideItsLayoutsRectangle)
 {
     std::mt19937 random(77u);
     auto pick = [&](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
-    RectByLayout rects;
+    auto length = [&](int low, int high) { return static_cast<short>(pick(low, high)); };
+    Recorder rects;
     std::map<QM::Item*, const LayoutBase*> owner;
+    const VerticalAlignment vertical[] = {VerticalAlignment::Top, VerticalAlignment::Center, VerticalAlignment::Bottom};
     const HorizontalAlignment horizontal[] = {HorizontalAlignment::Left, HorizontalAlignment::Center, HorizontalAlignment::Right};
 
-    std::function<void(HorizontalLinearLayout&, int)> fillH;
-    std::function<void(VerticalLinearLayout&, int)> fillV;
-    fillH = [&](HorizontalLinearLayout& layout, int depth) {
+    // Fills a layout of either direction; depth is bounded, so the recursion is too.
+    auto fill = [&](auto& self, auto& layout, int depth) -> void {
+        using Layout = std::decay_t<decltype(layout)>;
+        constexpr bool horizontal_ = std::is_same_v<Layout, HorizontalLinearLayout>;
+        using Other = std::conditional_t<horizontal_, VerticalLinearLayout, HorizontalLinearLayout>;
+        using D = typename Layout::Descriptor;
+        using Main = typename D::MainPolicy;
+        using Cross = typename D::CrossPolicy;
         layout.SetDelegate(&rects);
-        layout.SetGap(static_cast<short>(pick(0, 3)));
-        for (int i = pick(1, 4); i > 0; --i) {
-            if (depth < 3 && pick(0, 2) == 0) {
-                auto& nested = layout.AddLayout(NK::NewOwned<VerticalLinearLayout>(), HProportionalWidth {2}, HAutoFillHeight {});
-                fillV(nested.GetLayout(), depth + 1);
-                continue;
-            }
-            HMainPolicy main = pick(0, 1) ? HMainPolicy(HFixedWidth {static_cast<short>(pick(1, 6))})
-                                          : HMainPolicy(HProportionalWidth {static_cast<float>(pick(1, 3))});
-            HCrossPolicy cross = pick(0, 1) ? HCrossPolicy(HAutoFillHeight {})
-                                            : HCrossPolicy(HFixedHeight {static_cast<VerticalAlignment>(pick(0, 2)),
-                                                                         static_cast<short>(pick(0, 5))});
-            QM::Item& item = NewItem();
-            owner[&item] = &layout;
-            layout.Add(item, main, cross, Inset {static_cast<short>(pick(0, 1)), 0, static_cast<short>(pick(0, 1)), 0});
-        }
-    };
-    fillV = [&](VerticalLinearLayout& layout, int depth) {
-        layout.SetDelegate(&rects);
-        layout.SetGap(static_cast<short>(pick(0, 3)));
+        layout.SetGap(length(0, 3));
         layout.SetGravity(pick(0, 1) ? Gravity::End : Gravity::Start);
         for (int i = pick(1, 4); i > 0; --i) {
             if (depth < 3 && pick(0, 2) == 0) {
-                auto& nested = layout.AddLayout(NK::NewOwned<HorizontalLinearLayout>(), VProportionalHeight {2}, VAutoFillWidth {});
-                fillH(nested.GetLayout(), depth + 1);
+                auto& nested = layout.AddLayout(NK::NewOwned<Other>(), typename D::MainProportionalPolicy {2},
+                                                typename D::CrossFillPolicy {});
+                self(self, nested.GetLayout(), depth + 1);
                 continue;
             }
-            VMainPolicy main = pick(0, 1) ? VMainPolicy(VFixedHeight {static_cast<short>(pick(1, 6))})
-                                          : VMainPolicy(VProportionalHeight {static_cast<float>(pick(1, 3))});
-            VCrossPolicy cross = pick(0, 1) ? VCrossPolicy(VAutoFillWidth {})
-                                            : VCrossPolicy(VFixedWidth {horizontal[pick(0, 2)],
-                                                                        static_cast<short>(pick(0, 5))});
+            Main main = pick(0, 1) ? Main(typename D::MainFixedPolicy {length(1, 6)})
+                                   : Main(typename D::MainProportionalPolicy {static_cast<float>(pick(1, 3))});
+            Cross cross;
+            if (pick(0, 1) == 0)
+                cross = typename D::CrossFillPolicy {};
+            else if constexpr (horizontal_)
+                cross = HFixedHeight {vertical[pick(0, 2)], length(0, 5)};
+            else
+                cross = VFixedWidth {horizontal[pick(0, 2)], length(0, 5)};
             QM::Item& item = NewItem();
             owner[&item] = &layout;
-            layout.Add(item, main, cross, Inset {0, static_cast<short>(pick(0, 1)), 0, static_cast<short>(pick(0, 1))});
+            layout.Add(item, main, cross, Inset {length(0, 1), length(0, 1), length(0, 1), length(0, 1)});
         }
     };
 
@@ -426,10 +382,10 @@ TEST_F(LinearLayoutTest, GeneratedNestedLayoutsKeepEveryItemInsideItsLayoutsRect
         owner.clear();
         rects.rects.clear();
         HorizontalLinearLayout root;
-        fillH(root, 0);
+        fill(fill, root, 0);
         root.SetMargin(Inset {2, 3, 4, 5});
-        QM::Rect rect(static_cast<short>(pick(0, 50)), static_cast<short>(pick(0, 50)), 0, 0);
-        rect.SetSize(static_cast<short>(pick(2600, 3000)), static_cast<short>(pick(2600, 3000)));
+        QM::Rect rect(length(0, 50), length(0, 50), 0, 0);
+        rect.SetSize(length(2600, 3000), length(2600, 3000));
         root.ApplyLayout(rect);
         SCOPED_TRACE("round " + std::to_string(round));
 
@@ -437,8 +393,7 @@ TEST_F(LinearLayoutTest, GeneratedNestedLayoutsKeepEveryItemInsideItsLayoutsRect
         for (const auto& [layout, layoutRect] : rects.rects)
             EXPECT_TRUE(rect.Contains(layoutRect)) << layoutRect.ToString() << " outside " << rect.ToString();
         for (const auto& [item, layout] : owner) {
-            ASSERT_EQ(rects.rects.count(layout), 1u);
-            const QM::Rect& within = rects.rects[layout];
+            const QM::Rect& within = rects.rects.at(layout);
             EXPECT_EQ(item->GetJournal().GetCount(QM::Op::Move), 1u);
             EXPECT_TRUE(within.Contains(item->GetRect())) << item->GetRect().ToString() << " outside " << within.ToString();
         }

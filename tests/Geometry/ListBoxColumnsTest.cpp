@@ -37,9 +37,9 @@ protected:
     HeaderRecorder recorder;
 };
 
-TEST_F(ListBoxColumnsTest, TabFieldsFollowTheTabFieldCount)
+TEST_F(ListBoxColumnsTest, TabFieldsFollowTheTabFieldCountAndOutOfRangeOnesAreReported)
 {
-    ASSERT_EQ(listBox.GetTabFieldCount(), 1);
+    NK::AssertCapture capture;
     listBox.SetTabFieldBeginEndPosition(1, 0, 70);
     listBox.SetTabFieldOwnerDrawFlag(1, true);
     listBox.SetTabFieldCount(3);
@@ -49,21 +49,20 @@ TEST_F(ListBoxColumnsTest, TabFieldsFollowTheTabFieldCount)
     listBox.SetTabFieldCount(1);
     EXPECT_TRUE(listBox.GetTabFieldOwnerDrawFlag(1));
     EXPECT_EQ(listBox.GetTabFieldWidth(1), 70);
-}
+    EXPECT_TRUE(capture.GetReports().empty());
 
-TEST_F(ListBoxColumnsTest, OutOfRangeFieldsAreReportedAndChangeNothing)
-{
-    NK::AssertCapture capture;
     listBox.SetTabFieldBeginEndPosition(2, 0, 10);
     listBox.SetTabFieldBeginEndPosition(1, 30, 10);  // begin after end
-    EXPECT_EQ(listBox.GetTabFieldWidth(1), 0);
-    EXPECT_EQ(capture.GetReports().size(), 2u);
+    listBox.SetTabFieldCount(-1);
+    EXPECT_EQ(listBox.GetTabFieldWidth(1), 70);
+    EXPECT_EQ(capture.GetReports().size(), 3u);
+    listBox.SetTabFieldCount(0);  // a list box without columns has no tab field
+    EXPECT_EQ(listBox.GetTabFieldCount(), 0);
 
     capture.Clear();
     listBox.SetHeaderItemText(1, "ignored");  // no header: nothing to write, nothing to report
     EXPECT_EQ(listBox.GetHeaderItemCount(), 0);
     EXPECT_TRUE(capture.GetReports().empty());
-
     AddHeader({50});
     listBox.SetHeaderItemText(2, "no such item");
     EXPECT_EQ(capture.GetReports().size(), 1u);
@@ -80,32 +79,27 @@ TEST_F(ListBoxColumnsTest, ItemWidthLeavesRoomForTheHeaderButton)
     EXPECT_EQ(recorder.buttonClicks, 1);
 }
 
-TEST_F(ListBoxColumnsTest, DraggedDividerRespectsMinimumAndSizeableFlag)
-{
-    AddHeader({100, 80});
-    listBox.SetHeaderItemMinSize(1, 40);
-    listBox.SetHeaderItemSizeableFlag(2, false);
-    listBox.SetHeaderSynchronState(false);
-    listBox.Attach(recorder);
-
-    EXPECT_TRUE(listBox.SimulateUserDragHeaderDivider(1, 10));
-    EXPECT_EQ(listBox.GetHeaderItemSize(1), 40);
-    EXPECT_FALSE(listBox.SimulateUserDragHeaderDivider(1, 40));  // no change, no event
-    EXPECT_FALSE(listBox.SimulateUserDragHeaderDivider(2, 120));
-    EXPECT_EQ(listBox.GetHeaderItemSize(2), 80);
-    EXPECT_EQ(recorder.resized, (std::vector<short> {1}));
-    EXPECT_EQ(listBox.GetTabFieldWidth(1), 0);  // not synchronised: the tab fields stay
-}
-
-TEST_F(ListBoxColumnsTest, SynchronisedHeaderLaysTheTabFieldsOutFromItsItems)
+TEST_F(ListBoxColumnsTest, DraggedDividerRespectsMinimumAndSizeableFlagAndMovesSynchronisedTabFields)
 {
     listBox.SetTabFieldCount(3);
     AddHeader({100, 80});
-    EXPECT_TRUE(listBox.SimulateUserDragHeaderDivider(1, 60));
-    EXPECT_EQ(listBox.GetTabFieldBeginPosition(1), 0);
+    listBox.SetHeaderItemMinSize(1, 40);
+    listBox.SetHeaderItemSizeableFlag(2, false);
+    listBox.Attach(recorder);
+
+    EXPECT_TRUE(listBox.SimulateUserDragHeaderDivider(1, 60));  // synchronised: the tab fields follow
     EXPECT_EQ(listBox.GetTabFieldEndPosition(1), 60);
     EXPECT_EQ(listBox.GetTabFieldBeginPosition(2), 60);
     EXPECT_EQ(listBox.GetTabFieldEndPosition(2), 140);
+
+    listBox.SetHeaderSynchronState(false);
+    EXPECT_TRUE(listBox.SimulateUserDragHeaderDivider(1, 10));
+    EXPECT_EQ(listBox.GetHeaderItemSize(1), 40);
+    EXPECT_EQ(listBox.GetTabFieldEndPosition(1), 60);  // not synchronised: the tab fields stay
+    EXPECT_FALSE(listBox.SimulateUserDragHeaderDivider(1, 40));  // no change, no event
+    EXPECT_FALSE(listBox.SimulateUserDragHeaderDivider(2, 120));
+    EXPECT_EQ(listBox.GetHeaderItemSize(2), 80);
+    EXPECT_EQ(recorder.resized, (std::vector<short> {1, 1}));
 }
 
 TEST_F(ListBoxColumnsTest, HeaderItemsAreDraggedOnlyWhenDragable)

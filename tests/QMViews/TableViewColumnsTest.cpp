@@ -20,7 +20,7 @@ protected:
         table.SetDataProvider(&provider);
         table.SetDelegate(&delegate);
         table.SetColumns({{"name", "Name", 160, true}, {"size", "Size", 60, true}, {"kind", "Kind", 80, false}});
-        provider.Replace(Kids(N(1, "Plans", Kids(N(2, "Ground floor"))), N(3, "Notes")), table);
+        provider.Replace(Kids(N(1, "Letters", Kids(N(2, "Invoices"))), N(3, "Notes")), table);
     }
 
     QM::Dialog dialog;
@@ -36,8 +36,8 @@ TEST_F(TableViewColumnsTest, RendersTheShownColumnsWithTheTreeInTheFirst)
     EXPECT_EQ(QM::TextRenderer::Join(QM::TextRenderer::RenderItem(table)),
               "#1 TableView (0, 0, 300, 200)\n"
               "  columns: Name (160) | Size (60)\n"
-              "    [-] [icon(1:7)] Plans | 10 KB\n"
-              "  *       Ground floor | 20 KB\n"
+              "    [-] [icon(1:7)] Letters | 10 KB\n"
+              "  *       Invoices | 20 KB\n"
               "        Notes | 30 KB\n");
 }
 
