@@ -22,22 +22,28 @@ public:
     int writes = 0;
 };
 
-using Fixed = Counted<WZ::FixedColumn>;
-using Proportional = Counted<WZ::ProportionalColumn>;
+// Column setups: 'f' a fixed column, 'p' a proportional one, each with minimum and width.
+struct ColumnSetup {
+    char kind;
+    float minWidth, width;
+};
 
 class ColumnResizeTest : public ::testing::Test {
 protected:
-    Fixed& AddFixed(float minWidth, float width) { return Add(std::make_unique<Fixed>(minWidth, width)); }
-    Proportional& AddProportional(float minWidth, float width)
+    void Make(const std::vector<ColumnSetup>& setups)
     {
-        return Add(std::make_unique<Proportional>(minWidth, width));
+        columns.clear();
+        for (const ColumnSetup& c : setups) {
+            if (c.kind == 'f')
+                columns.push_back(std::make_unique<Counted<WZ::FixedColumn>>(c.minWidth, c.width));
+            else
+                columns.push_back(std::make_unique<Counted<WZ::ProportionalColumn>>(c.minWidth, c.width));
+        }
     }
-
     void Resize(float width, bool round)
     {
         WZ::ResizeColumns([this](size_t i) { return columns[i].get(); }, columns.size(), width, round);
     }
-
     std::vector<float> Widths() const
     {
         std::vector<float> out;
@@ -45,26 +51,20 @@ protected:
             out.push_back(column->GetWidth());
         return out;
     }
+    std::vector<int> Writes() const
+    {
+        std::vector<int> out;
+        for (auto& column : columns)
+            out.push_back(column->IsFixed() ? static_cast<Counted<WZ::FixedColumn>&>(*column).writes
+                                            : static_cast<Counted<WZ::ProportionalColumn>&>(*column).writes);
+        return out;
+    }
 
     std::vector<std::unique_ptr<WZ::IColumn>> columns;
-
-private:
-    template <typename T>
-    T& Add(std::unique_ptr<T> column)
-    {
-        T& ref = *column;
-        columns.push_back(std::move(column));
-        return ref;
-    }
 };
 
-// Worked distributions: 'f' a fixed column, 'p' a proportional one, each with minimum and width.
 TEST_F(ColumnResizeTest, WorkedDistributions)
 {
-    struct ColumnSetup {
-        char kind;
-        float minWidth, width;
-    };
     struct Case {
         const char* what;
         std::vector<ColumnSetup> columns;
@@ -105,10 +105,7 @@ TEST_F(ColumnResizeTest, WorkedDistributions)
         {"long fixed columns and a filler", {{'f', 30000, 30000}, {'f', 30000, 30000}, {'p', 1, 1}}, 300, true, {30000, 30000, 1}},
     };
     for (const Case& c : cases) {
-        columns.clear();
-        for (const ColumnSetup& column : c.columns)
-            column.kind == 'f' ? static_cast<void>(AddFixed(column.minWidth, column.width))
-                             : static_cast<void>(AddProportional(column.minWidth, column.width));
+        Make(c.columns);
         Resize(c.available, c.round);
         EXPECT_EQ(Widths(), c.expected) << c.what;
     }
@@ -116,17 +113,13 @@ TEST_F(ColumnResizeTest, WorkedDistributions)
 
 TEST_F(ColumnResizeTest, AColumnWhoseWidthDoesNotChangeIsNotWritten)
 {
-    Proportional& left = AddProportional(1, 50);
-    Proportional& right = AddProportional(1, 150);
-    Fixed& fixed = AddFixed(10, 30);
-    std::vector<WZ::IColumn*> all {&left, &right, &fixed};  // the vector form
+    Make({{'p', 1, 50}, {'p', 1, 150}, {'f', 10, 30}});
+    std::vector<WZ::IColumn*> all {columns[0].get(), columns[1].get(), columns[2].get()};  // the vector form
     WZ::ResizeColumns(all, 230, true);
-    EXPECT_EQ(left.writes + right.writes + fixed.writes, 0);
-
-    WZ::ResizeColumns(all, 231, true);  // 50.25 and 150.75: only the right one changes
+    EXPECT_EQ(Writes(), (std::vector<int> {0, 0, 0}));
+    WZ::ResizeColumns(all, 231, true);  // 50.25 and 150.75: only the second changes
     EXPECT_EQ(Widths(), (std::vector<float> {50, 151, 30}));
-    EXPECT_EQ(right.writes, 1);
-    EXPECT_EQ(left.writes + fixed.writes, 0);
+    EXPECT_EQ(Writes(), (std::vector<int> {0, 1, 0}));
 }
 
 // Properties over many generated column sets: whole pixels add up to the width when the minimums
@@ -139,7 +132,7 @@ TEST_F(ColumnResizeTest, GeneratedColumnSetsKeepTheDistributionInvariants)
     std::uniform_int_distribution<int> minOf(0, 60);
     std::uniform_int_distribution<int> coin(0, 2);
     for (int round = 0; round < 1000; ++round) {
-        columns.clear();
+        std::vector<ColumnSetup> setups;
         int count = countOf(random);
         float minSum = 0, fixedSum = 0, proportionalMin = 0;
         int proportionalCount = 0;
@@ -147,10 +140,10 @@ TEST_F(ColumnResizeTest, GeneratedColumnSetsKeepTheDistributionInvariants)
             float minWidth = static_cast<float>(minOf(random));
             float width = minWidth + static_cast<float>(widthOf(random));
             if (coin(random) == 0) {
-                AddFixed(minWidth, width);
+                setups.push_back({'f', minWidth, width});
                 fixedSum += width;
             } else {
-                AddProportional(minWidth, width);
+                setups.push_back({'p', minWidth, width});
                 proportionalMin += minWidth;
                 ++proportionalCount;
             }
@@ -162,6 +155,7 @@ TEST_F(ColumnResizeTest, GeneratedColumnSetsKeepTheDistributionInvariants)
         bool roomCase = fixedSum + proportionalMin < available;
         if (roomCase && coin(random) == 0)
             available += 0.5f;
+        Make(setups);
         Resize(available, true);
         SCOPED_TRACE("round " + std::to_string(round));
 

@@ -73,6 +73,12 @@ TEST_F(LinearLayoutTest, GravityPacksAtTheStartOrWithEndAtTheEndInReverseOrder)
     layout.ApplyLayout(QM::Rect(20, 5, 220, 45));
     EXPECT_EQ(b.GetRect(), QM::Rect(130, 5, 160, 25));  // left + 110
     EXPECT_EQ(a.GetRect(), QM::Rect(170, 5, 220, 25));  // left + 150, ends at the right edge
+    // With no room over, the filler still takes its one pixel (its minimum) and pushes the
+    // items past the far edge.
+    layout.SetGap(0);
+    layout.ApplyLayout(QM::Rect(0, 5, 80, 45));
+    EXPECT_EQ(b.GetRect(), QM::Rect(1, 5, 31, 25));
+    EXPECT_EQ(a.GetRect(), QM::Rect(31, 5, 81, 25));
     // Any value but End packs at the start.
     layout.SetGravity(static_cast<Gravity>(7));
     layout.ApplyLayout(QM::Rect(0, 0, 200, 40));
@@ -176,21 +182,6 @@ TEST_F(LinearLayoutTest, VerticalLayoutStacksInsideItsMarginAndPacksAtTheBottomW
     layout.ApplyLayout(QM::Rect(0, 0, 100, 200));
     EXPECT_EQ(b.GetRect(), QM::Rect(13, 134, 89, 164));
     EXPECT_EQ(a.GetRect(), QM::Rect(44, 170, 94, 190));  // ends at 200 - 8 less its bottom inset
-}
-
-// With no room over, the filler still takes its one pixel (its minimum) and pushes the items
-// past the far edge under gravity End.
-TEST_F(LinearLayoutTest, TheFillerKeepsItsMinimumPixel)
-{
-    QM::Item& a = NewItem();
-    QM::Item& b = NewItem();
-    HorizontalLinearLayout layout;
-    layout.SetGravity(Gravity::End);
-    layout.Add(a, HFixedWidth {50}, top20);
-    layout.Add(b, HFixedWidth {30}, top20);
-    layout.ApplyLayout(QM::Rect(0, 0, 80, 20));
-    EXPECT_EQ(b.GetRect(), QM::Rect(1, 0, 31, 20));
-    EXPECT_EQ(a.GetRect(), QM::Rect(31, 0, 81, 20));
 }
 
 // Bad sizes are reported and taken as the nearest lengths: no item moves backwards, no position

@@ -87,18 +87,12 @@ protected:
     WZ::HomogenListBoxView<FileList> view {listBox};
 };
 
-TEST_F(ListBoxViewTest, ShowsOneRowPerItemWithCellsFromTheColumnDecorators)
-{
-    view.SetItems(Rows({{1, "a.txt", 10}, {2, "b.txt", 20}}));
-    EXPECT_EQ(Lines(), (std::vector<std::string> {"a.txt|10", "b.txt|20"}));
-    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 150}, {150, 200}}));
-    EXPECT_EQ(view.GetItem(2)->name, "b.txt");
-    EXPECT_EQ(view.GetItem(3), nullptr);
-}
-
-TEST_F(ListBoxViewTest, NewItemListRewritesOnlyWhatChanged)
+TEST_F(ListBoxViewTest, ShowsOneRowPerItemAndANewItemListRewritesOnlyWhatChanged)
 {
     view.SetItems(Rows({{1, "a.txt", 10}, {2, "b.txt", 20}, {3, "c.txt", 30}}));
+    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 150}, {150, 200}}));
+    EXPECT_EQ(view.GetItem(2)->name, "b.txt");
+    EXPECT_EQ(view.GetItem(4), nullptr);
     listBox.ResetJournal();
     view.SetItems(Rows({{1, "a.txt", 10}, {2, "b.txt", 25}, {3, "c.txt", 30}, {4, "d.txt", 40}}));
     EXPECT_EQ(Lines(), (std::vector<std::string> {"a.txt|10", "b.txt|25", "c.txt|30", "d.txt|40"}));
