@@ -37,6 +37,20 @@ protected:
         manager.AddProportionalColumn(30, details, 30, 100).SetOwnerDraw(true);
     }
 
+    // The three columns, set up on the list box and laid out.
+    void LayOutThreeColumns()
+    {
+        AddThreeColumns();
+        manager.Setup(listBox);
+        manager.Resize(listBox, false);
+    }
+
+    void SetTabs(const std::vector<std::pair<short, short>>& tabs)
+    {
+        for (size_t i = 0; i < tabs.size(); ++i)
+            listBox.SetTabFieldBeginEndPosition(static_cast<short>(i + 1), tabs[i].first, tabs[i].second);
+    }
+
     std::vector<std::pair<short, short>> Tabs() const
     {
         std::vector<std::pair<short, short>> tabs;
@@ -147,9 +161,7 @@ TEST_F(ColumnManagerTest, HiddenHeaderGetsNoHeaderItemAndItsColumnsNoTabFields)
 
 TEST_F(ColumnManagerTest, ResizeTilesTabFieldsAndSizesHeaderItemsToTheirColumns)
 {
-    AddThreeColumns();
-    manager.Setup(listBox);
-    manager.Resize(listBox, false);
+    LayOutThreeColumns();
     // 330 - 60 fixed = 270 shared 200:100 -> 180 and 90.
     EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 180}, {180, 240}, {240, 330}}));
     EXPECT_EQ(HeaderSizes(), (std::vector<short> {180, 150}));
@@ -187,10 +199,7 @@ TEST_F(ColumnManagerTest, ListBoxWithoutHeaderGetsTabFieldsAndTheButtonIconOnlyW
 
 TEST_F(ColumnManagerTest, DraggedDividerIsSharedByTheHeadersColumnsAndTabsTiledAgain)
 {
-    AddThreeColumns();
-    manager.GetColumn(20)->SetSizeable(true);
-    manager.Setup(listBox);
-    manager.Resize(listBox, false);
+    LayOutThreeColumns();
     ASSERT_TRUE(listBox.SimulateUserDragHeaderDivider(1, 120));
     // The toolkit does not move the tab fields itself: synchronisation is off.
     EXPECT_EQ(Tabs()[0], (std::pair<short, short> {0, 180}));
@@ -198,6 +207,7 @@ TEST_F(ColumnManagerTest, DraggedDividerIsSharedByTheHeadersColumnsAndTabsTiledA
     EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 120}, {120, 180}, {180, 270}}));
     EXPECT_EQ(HeaderSizes(), (std::vector<short> {120, 150}));  // header items stay as dragged
 
+    listBox.SetHeaderItemSizeableFlag(2, true);
     ASSERT_TRUE(listBox.SimulateUserDragHeaderDivider(2, 100));
     manager.HeaderResized(listBox, 2, 100);
     // Details 100: fixed 60 keeps its width while the proportional one (min 30) gets the rest.
@@ -214,20 +224,14 @@ TEST_F(ColumnManagerTest, DraggedDividerIsSharedByTheHeadersColumnsAndTabsTiledA
 
 TEST_F(ColumnManagerTest, ResizeCanKeepTheUsersColumnProportions)
 {
-    AddThreeColumns();
-    manager.Setup(listBox);
-    manager.Resize(listBox, false);
-    listBox.SetTabFieldBeginEndPosition(1, 0, 90);  // the user narrowed Name to half
-    listBox.SetTabFieldBeginEndPosition(2, 90, 150);
-    listBox.SetTabFieldBeginEndPosition(3, 150, 240);
+    LayOutThreeColumns();
+    SetTabs({{0, 90}, {90, 150}, {150, 240}});  // the user narrowed Name to half
     listBox.Resize(390, 200);
 
     manager.Resize(listBox, std::set<short> {1});  // Name keeps its model width (180)
     EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 220}, {220, 280}, {280, 390}}));
 
-    listBox.SetTabFieldBeginEndPosition(1, 0, 90);
-    listBox.SetTabFieldBeginEndPosition(2, 90, 150);
-    listBox.SetTabFieldBeginEndPosition(3, 150, 240);
+    SetTabs({{0, 90}, {90, 150}, {150, 240}});
     manager.Resize(listBox, true);  // 90:90 read back -> equal shares of 330
     EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 165}, {165, 225}, {225, 390}}));
 
@@ -237,9 +241,7 @@ TEST_F(ColumnManagerTest, ResizeCanKeepTheUsersColumnProportions)
 
 TEST_F(ColumnManagerTest, DraggedHeaderTakesItsColumnsAlong)
 {
-    AddThreeColumns();
-    manager.Setup(listBox);
-    manager.Resize(listBox, false);
+    LayOutThreeColumns();
     manager.HeaderDragged(listBox, 2, 1);
     EXPECT_EQ(listBox.GetHeaderItemText(1), NK::UniString("Details"));
     EXPECT_EQ(Ids(manager.GetVisibleColumns()), (std::vector<short> {20, 30, 10}));
