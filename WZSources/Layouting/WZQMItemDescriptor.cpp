@@ -1,6 +1,7 @@
 #include "WZSources/Layouting/WZQMItemDescriptor.hpp"
 
 #include "QM/QMItem.hpp"
+#include "WZSources/ColumnModel/WZPixels.hpp"
 
 #include <algorithm>
 
@@ -11,8 +12,7 @@ void QMItemDescriptor<D>::ApplyRect(const QM::Rect& rect) const
 {
     short width = std::max<short>(0, rect.GetWidth());
     short height = std::max<short>(0, rect.GetHeight());
-    QM::Rect target(rect.GetLeft(), rect.GetTop(), static_cast<short>(rect.GetLeft() + width),
-                    static_cast<short>(rect.GetTop() + height));
+    QM::Rect target(rect.GetLeft(), rect.GetTop(), Pixels::Add(rect.GetLeft(), width), Pixels::Add(rect.GetTop(), height));
     if (item.GetRect() == target)
         return;
     item.MoveAndResize(rect.GetLeft(), rect.GetTop(), width, height);

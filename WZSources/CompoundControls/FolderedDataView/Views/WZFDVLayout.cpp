@@ -2,6 +2,7 @@
 
 #include "QM/QMItem.hpp"
 #include "QM/QMListBox.hpp"
+#include "WZSources/ColumnModel/WZPixels.hpp"
 #include "WZSources/Layouting/WZLinearLayout.hpp"
 #include "WZSources/ListBoxView/WZUntypedListBoxView.hpp"
 
@@ -20,8 +21,8 @@ public:
     {
         const short width = std::max<short>(0, rect.GetWidth());
         const short height = std::max<short>(0, rect.GetHeight());
-        const QM::Rect target(rect.GetLeft(), rect.GetTop(), static_cast<short>(rect.GetLeft() + width),
-                              static_cast<short>(rect.GetTop() + height));
+        const QM::Rect target(rect.GetLeft(), rect.GetTop(), Pixels::Add(rect.GetLeft(), width),
+                              Pixels::Add(rect.GetTop(), height));
         if (view.GetListBox().GetRect() != target)
             view.MoveAndResize(rect.GetLeft(), rect.GetTop(), width, height);
     }

@@ -5,6 +5,7 @@
 #include "QM/QMListBox.hpp"
 #include "QM/QMPopUpControl.hpp"
 #include "QM/QMTreeView.hpp"
+#include "WZSources/ColumnModel/WZPixels.hpp"
 #include "WZSources/Layouting/WZLinearLayout.hpp"
 
 #include <algorithm>
@@ -84,7 +85,7 @@ void TreeAndListLayout::ApplyState(const Layout::LayoutState& state)
 
 short TreeAndListLayout::GetFittingTreeWidth() const
 {
-    const short widest = static_cast<short>(GetRect().GetWidth() - minListWidth - splitterWidth);
+    const short widest = Pixels::Saturated(GetRect().GetWidth() - minListWidth - splitterWidth);
     return std::clamp(splitterState.treeWidth, minTreeWidth, std::max(minTreeWidth, widest));
 }
 
@@ -93,8 +94,8 @@ void TreeAndListLayout::ApplyLayout(const QM::Rect& rect)
     placing = true;
     SetRect(rect);
     if (QM::Splitter* splitter = GetResource().GetSplitter()) {
-        const short minimum = static_cast<short>(rect.GetLeft() + minTreeWidth);
-        const short maximum = static_cast<short>(rect.GetRight() - minListWidth - splitterWidth);
+        const short minimum = Pixels::Add(rect.GetLeft(), minTreeWidth);
+        const short maximum = Pixels::Saturated(rect.GetRight() - minListWidth - splitterWidth);
         splitter->SetLimits(minimum, std::max(minimum, maximum));
     }
     NormalLayout::ApplyLayout(rect);
@@ -144,7 +145,7 @@ void TreeAndListLayout::SplitterMoved(const QM::SplitterMoveEvent& event)
 {
     if (placing || GetRect().IsEmpty())
         return;
-    splitterState.treeWidth = static_cast<short>(event.newPosition - GetRect().GetLeft());
+    splitterState.treeWidth = Pixels::Saturated(std::max(0, event.newPosition - GetRect().GetLeft()));
     ReApply();
 }
 
