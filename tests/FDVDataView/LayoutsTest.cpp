@@ -81,22 +81,6 @@ TEST_F(LayoutsTest, ShowAndHideSwitchWhatTheLayoutPlacesAndKeepAHiddenSearchFiel
     EXPECT_FALSE(controls.searchField.IsVisible());
 }
 
-TEST_F(LayoutsTest, NormalStateIsOneBoolAndAFailedReadLeavesTheStateAsItWas)
-{
-    NormalLayout::LayoutState hidden(false);
-    EXPECT_EQ(Bytes(hidden), (std::vector<NK::Byte> {0}));
-
-    NormalLayout::LayoutState read(true);
-    NK::MemoryIChannel channel(Bytes(hidden));
-    EXPECT_EQ(read.Read(channel), NK::NoError);
-    EXPECT_TRUE(read.IsEqual(hidden));
-
-    NormalLayout::LayoutState untouched(true);
-    NK::MemoryIChannel empty(std::vector<NK::Byte> {});
-    EXPECT_NE(untouched.Read(empty), NK::NoError);
-    EXPECT_TRUE(untouched.IsSearchFieldVisible());
-}
-
 TEST_F(LayoutsTest, TreeAndListLayoutPlacesTreeSplitterHeaderRowAndList)
 {
     TreeAndListLayout layout(controls);
@@ -133,7 +117,7 @@ TEST_F(LayoutsTest, DraggingTheSplitterSetsTheTreeWidthAndPlacesTheListAgain)
     EXPECT_EQ(narrow.GetSplitterState().treeWidth, TreeAndListLayout::defaultTreeWidth);
 }
 
-TEST_F(LayoutsTest, SplitterStateRoundTripsAndRefusesANegativeWidth)
+TEST_F(LayoutsTest, StatesRoundTripAndAFailedReadLeavesThemAsTheyWere)
 {
     TreeAndListLayout layout(controls);
     layout.ApplyLayout(rect);
@@ -156,6 +140,15 @@ TEST_F(LayoutsTest, SplitterStateRoundTripsAndRefusesANegativeWidth)
     NK::MemoryIChannel truncated(std::vector<NK::Byte> {0, 0x2C});
     EXPECT_NE(refused->Read(truncated), NK::NoError);
     EXPECT_TRUE(refused->IsEqual(*layout.CreateDefaultState()));
+
+    // The normal layout's state is the search field's flag alone.
+    NormalLayout::LayoutState normal(true);
+    NK::MemoryIChannel hidden(std::vector<NK::Byte> {0});
+    EXPECT_EQ(normal.Read(hidden), NK::NoError);
+    EXPECT_FALSE(normal.IsSearchFieldVisible());
+    NK::MemoryIChannel empty(std::vector<NK::Byte> {});
+    EXPECT_NE(normal.Read(empty), NK::NoError);
+    EXPECT_FALSE(normal.IsSearchFieldVisible());
 }
 
 TEST_F(LayoutsTest, AStateOfAnotherLayoutKindIsReportedAndIgnored)
