@@ -18,12 +18,12 @@ using WZ::Folderable::HierarchicalTreeItemIdComparator;
 using WZ::Folderable::TreeItem;
 
 struct Look {
-    NK::UniString name = "Ground Floor";
+    NK::UniString name = "Cookbooks";
     NK::Optional<QM::Icon> icon = QM::Icon(5, 12);
     QM::Font::Style style = QM::Font::Bold;
     NK::Optional<QM::Color> text = QM::Color(10, 20, 30);
     NK::Optional<QM::Color> background;
-    NK::Optional<NK::UniString> toolTip = NK::UniString("Level 0");
+    NK::Optional<NK::UniString> toolTip = NK::UniString("Shelf 1");
 };
 
 class TreeItemTest : public ::testing::Test {
@@ -34,7 +34,7 @@ protected:
         return NK::NewOwned<Item>(model, look.name, look.icon, look.style, look.text, look.background, look.toolTip);
     }
 
-    NamedItem model {"floor"};
+    NamedItem model {"books"};
 };
 
 TEST_F(TreeItemTest, ContentEqualityCoversWhatIsDrawnButNotTheTooltip)
@@ -48,7 +48,7 @@ TEST_F(TreeItemTest, ContentEqualityCoversWhatIsDrawnButNotTheTooltip)
 
     std::vector<std::pair<const char*, Look>> differences;
     differences.push_back({"name", Look {}});
-    differences.back().second.name = "First Floor";
+    differences.back().second.name = "Novels";
     differences.push_back({"no icon", Look {}});
     differences.back().second.icon.reset();
     differences.push_back({"other icon", Look {}});
@@ -93,7 +93,7 @@ TEST_F(TreeItemTest, RowIdsCompareByGuidAndContentByItem)
     auto row = Make<HierarchicalTreeItem>(Look {});
     auto sameLook = Make<HierarchicalTreeItem>(Look {});
     Look renamed;
-    renamed.name = "Roof";
+    renamed.name = "Atlases";
     auto otherLook = Make<HierarchicalTreeItem>(renamed);
 
     const HierarchicalItemId root;
@@ -126,18 +126,18 @@ TEST_F(TreeItemTest, DecoratorWritesIconNameAndStyleButNoColours)
     Look look;
     look.background = QM::Color(1, 2, 3);
     untyped.Decorate(tree, node, *Make(look));
-    EXPECT_EQ(tree.GetItemText(node), NK::UniString("Ground Floor"));
+    EXPECT_EQ(tree.GetItemText(node), NK::UniString("Cookbooks"));
     EXPECT_EQ(tree.GetItemNormalIcon(node), QM::Icon(5, 12));
     EXPECT_EQ(tree.GetItemFontStyle(node), QM::Font::Bold);
     EXPECT_FALSE(tree.GetItemColor(node).has_value());
     EXPECT_FALSE(tree.GetItemBackgroundColor(node).has_value());
 
     Look plain;
-    plain.name = "Roof";
+    plain.name = "Atlases";
     plain.icon.reset();
     plain.style = QM::Font::Plain;
     untyped.Decorate(tree, node, *Make(plain));
-    EXPECT_EQ(tree.GetItemText(node), NK::UniString("Roof"));
+    EXPECT_EQ(tree.GetItemText(node), NK::UniString("Atlases"));
     EXPECT_EQ(tree.GetItemNormalIcon(node), QM::Icon(5, 12)) << "an item without icon leaves the node's icon";
     EXPECT_EQ(tree.GetItemFontStyle(node), QM::Font::Plain);
 }
