@@ -419,10 +419,10 @@ private:
         return result;
     }
 
-    // The hashes of the keys on the path from the virtual root to the row being loaded, each
-    // with how often it occurs there: a child is compared with its ancestors only when its hash
-    // is among theirs, so a deep tree does not cost a walk to the root per row.
-    using PathHashes = std::unordered_map<NK::UInt64, int>;
+    // The rows on the path from the virtual root to the row being loaded, by the hash of their
+    // keys: a child is compared only with the ancestors that hash alike, so a deep tree does not
+    // cost a walk to the root per row.
+    using PathHashes = std::unordered_map<NK::UInt64, std::vector<int>>;
 
     // Loads the subtree below `top` from the provider; returns whether selected rows were lost.
     // Depth first with a stack of its own, keeping the path to the row being loaded.
@@ -437,7 +437,7 @@ private:
             above.push_back(row);
         for (auto it = above.rbegin(); it != above.rend(); ++it) {
             path.push_back(*it);
-            ++pathHashes[PathHash(*it)];
+            pathHashes[PathHash(*it)].push_back(*it);
         }
         std::vector<int> pending {top};
         std::vector<int> order;
@@ -446,12 +446,14 @@ private:
             pending.pop_back();
             // Rows above the parent's parent belong to subtrees that are done.
             while (!path.empty() && path.back() != RowAt(parent).parent) {
-                if (--pathHashes[PathHash(path.back())] == 0)
-                    pathHashes.erase(PathHash(path.back()));
+                auto rows = pathHashes.find(PathHash(path.back()));
+                rows->second.pop_back();
+                if (rows->second.empty())
+                    pathHashes.erase(rows);
                 path.pop_back();
             }
             path.push_back(parent);
-            ++pathHashes[PathHash(parent)];
+            pathHashes[PathHash(parent)].push_back(parent);
             NK::Array<Key> children = provider->GetChildren(keys[Slot(parent)]);
             selectionLost = MatchChildren(parent, children, mark, order) || selectionLost;
             for (auto it = order.rbegin(); it != order.rend(); ++it)
@@ -471,7 +473,7 @@ private:
         for (Key& child : children) {
             const NK::UInt64 hash = NK::GenerateHashValue(child);
             // A provider whose rows contain themselves would make the reload endless.
-            if (!QM_TABLE_PRECOND(!IsOwnAncestor(parent, child, hash)))
+            if (!QM_TABLE_PRECOND(!IsOwnAncestor(child, hash)))
                 continue;
             while (cursor != NoRow && RowAt(cursor).mark == mark)
                 cursor = RowAt(cursor).next;
@@ -510,11 +512,14 @@ private:
         return selectionLost;
     }
 
-    bool IsOwnAncestor(int parent, const Key& child, NK::UInt64 hash) const
+    // Whether the child's id is that of the parent or of a row above it (the path kept by the
+    // reload ends at the parent).
+    bool IsOwnAncestor(const Key& child, NK::UInt64 hash) const
     {
-        if (!reloadPathHashes.contains(hash))
+        auto rows = reloadPathHashes.find(hash);
+        if (rows == reloadPathHashes.end())
             return false;
-        for (int row = parent; row != NoRow; row = RowAt(row).parent) {
+        for (int row : rows->second) {
             if (IdComparator {}(keys[Slot(row)], child))
                 return true;
         }
