@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace {
 
 using namespace FDVTest;
@@ -46,46 +48,28 @@ TEST_F(TreeItemTest, ContentEqualityCoversWhatIsDrawnButNotTheTooltip)
     other.toolTip.reset();
     EXPECT_TRUE(base->IsEqual(*Make(other)));
 
-    std::vector<std::pair<const char*, Look>> differences;
-    differences.push_back({"name", Look {}});
-    differences.back().second.name = "Novels";
-    differences.push_back({"no icon", Look {}});
-    differences.back().second.icon.reset();
-    differences.push_back({"other icon", Look {}});
-    differences.back().second.icon = QM::Icon(5, 13);
-    differences.push_back({"style", Look {}});
-    differences.back().second.style = QM::Font::Italic;
-    differences.push_back({"no text colour", Look {}});
-    differences.back().second.text.reset();
-    differences.push_back({"other text colour", Look {}});
-    differences.back().second.text = QM::Color(10, 20, 31);
-    differences.push_back({"a background", Look {}});
-    differences.back().second.background = QM::Color(0, 0, 0);
-    for (const auto& [what, look] : differences) {
+    const std::pair<const char*, std::function<void(Look&)>> differences[] = {
+        {"name", [](Look& l) { l.name = "Novels"; }},
+        {"no icon", [](Look& l) { l.icon.reset(); }},
+        {"other icon", [](Look& l) { l.icon = QM::Icon(5, 13); }},
+        {"style", [](Look& l) { l.style = QM::Font::Italic; }},
+        {"no text colour", [](Look& l) { l.text.reset(); }},
+        {"other text colour", [](Look& l) { l.text = QM::Color(10, 20, 31); }},
+        {"a background", [](Look& l) { l.background = QM::Color(0, 0, 0); }},
+    };
+    for (const auto& [what, change] : differences) {
+        Look look;
+        change(look);
         EXPECT_FALSE(base->IsEqual(*Make(look))) << what;
         EXPECT_FALSE(Make(look)->IsEqual(*base)) << what;
     }
-}
 
-TEST_F(TreeItemTest, IsNotEqualToATreeItemOfAnotherKind)
-{
     struct Foreign : WZ::TreeDiffable {
         NK::Guid GetId() const override { return NK::Guid::FromNumber(0, 1); }
         bool IsEqual(const WZ::TreeDiffable&) const override { return true; }
         NK::Array<const WZ::TreeDiffable*> GetDiffableChildren() const override { return {}; }
     } foreign;
-    EXPECT_FALSE(Make(Look {})->IsEqual(foreign));
-}
-
-TEST_F(TreeItemTest, HierarchicalRowsShowNoColumnsOfTheirOwnByDefault)
-{
-    auto row = Make<HierarchicalTreeItem>(Look {});
-    EXPECT_EQ(row->GetString("Name"), NK::UniString());
-    EXPECT_TRUE(row->GetIcons("Name").empty());
-    EXPECT_EQ(row->GetTooltipText(), NK::UniString()) << "the stored tooltip is not the row's";
-    EXPECT_EQ(static_cast<int>(row->GetFontStyle()), 0xFF) << "every bit set: no style of its own";
-    EXPECT_EQ(static_cast<const TreeItem&>(*row).GetFontStyle(), QM::Font::Bold);
-    EXPECT_FALSE(row->GetBackgroundColor("Name").has_value());
+    EXPECT_FALSE(base->IsEqual(foreign)) << "an item of another kind";
 }
 
 TEST_F(TreeItemTest, RowIdsCompareByGuidAndContentByItem)
