@@ -89,13 +89,4 @@ TEST_F(SearchTest, AnEntryOfSeveralTextsIsTheirSpaceJoinedText)
     EXPECT_EQ(joined.CountMatches("teapot large"), 1u);
 }
 
-TEST_F(SearchTest, SplitsASearchTextIntoLowerCaseWords)
-{
-    auto words = NK::Search::SplitIntoWords("  Oven \u00A0ΟΔΟΣ  ");
-    ASSERT_EQ(words.GetSize(), 2u);
-    EXPECT_EQ(words[0], NK::UniString("oven"));
-    EXPECT_EQ(words[1], NK::UniString("οδοσ"));
-    EXPECT_TRUE(NK::Search::SplitIntoWords(" ").IsEmpty());
-}
-
 }  // namespace

@@ -211,13 +211,6 @@ TEST_F(TreeItemFactoryTest, DefaultOrderAgreesWithNaturalComparisonOfNames)
     for (NK::UIndex i = 1; i < tree.GetSize(); ++i)
         EXPECT_FALSE(NK::NaturalIsLess(tree[i]->GetDisplayName(), tree[i - 1]->GetDisplayName(), 1))
             << tree[i]->GetDisplayName() << " sorted after " << tree[i - 1]->GetDisplayName();
-
-    // The same comparison through a comparator of the client's sorts pair by pair.
-    factory.SetItemComparator([](const TreeItem& a, const TreeItem& b) { return TreeItemFactory::CompareDisplayNames(a, b); });
-    const auto pairwise = Create(nullptr);
-    for (NK::UIndex i = 0; i < tree.GetSize(); ++i)
-        EXPECT_EQ(NK::NaturalCompare(tree[i]->GetDisplayName(), pairwise[i]->GetDisplayName(), 1), 0)
-            << tree[i]->GetDisplayName() << " / " << pairwise[i]->GetDisplayName() << " at " << i;
 }
 
 // A client's comparator may be no strict weak order: any order is then fine, but every item
