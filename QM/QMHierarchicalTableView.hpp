@@ -31,6 +31,7 @@
 
 #include <optional>
 #include <type_traits>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -418,15 +419,41 @@ private:
         return result;
     }
 
+    // The rows on the path from the virtual root to the row being loaded, by the hash of their
+    // keys: a child is compared only with the ancestors that hash alike, so a deep tree does not
+    // cost a walk to the root per row.
+    using PathHashes = std::unordered_map<NK::UInt64, std::vector<int>>;
+
     // Loads the subtree below `top` from the provider; returns whether selected rows were lost.
+    // Depth first with a stack of its own, keeping the path to the row being loaded.
     bool ReloadSubtree(int top, NK::UInt32 mark)
     {
         bool selectionLost = false;
+        std::vector<int> path;
+        PathHashes& pathHashes = reloadPathHashes;
+        pathHashes.clear();
+        std::vector<int> above;
+        for (int row = RowAt(top).parent; row != NoRow; row = RowAt(row).parent)
+            above.push_back(row);
+        for (auto it = above.rbegin(); it != above.rend(); ++it) {
+            path.push_back(*it);
+            pathHashes[PathHash(*it)].push_back(*it);
+        }
         std::vector<int> pending {top};
         std::vector<int> order;
         while (!pending.empty()) {
             int parent = pending.back();
             pending.pop_back();
+            // Rows above the parent's parent belong to subtrees that are done.
+            while (!path.empty() && path.back() != RowAt(parent).parent) {
+                auto rows = pathHashes.find(PathHash(path.back()));
+                rows->second.pop_back();
+                if (rows->second.empty())
+                    pathHashes.erase(rows);
+                path.pop_back();
+            }
+            path.push_back(parent);
+            pathHashes[PathHash(parent)].push_back(parent);
             NK::Array<Key> children = provider->GetChildren(keys[Slot(parent)]);
             selectionLost = MatchChildren(parent, children, mark, order) || selectionLost;
             for (auto it = order.rbegin(); it != order.rend(); ++it)
@@ -435,6 +462,8 @@ private:
         return selectionLost;
     }
 
+    NK::UInt64 PathHash(int row) const { return row == RootRow ? NK::GenerateHashValue(keys[0]) : RowAt(row).hash; }
+
     bool MatchChildren(int parent, NK::Array<Key>& children, NK::UInt32 mark, std::vector<int>& order)
     {
         bool selectionLost = false;
@@ -442,25 +471,24 @@ private:
         order.reserve(children.GetSize());
         int cursor = RowAt(parent).firstChild;
         for (Key& child : children) {
+            const NK::UInt64 hash = NK::GenerateHashValue(child);
             // A provider whose rows contain themselves would make the reload endless.
-            if (!QM_TABLE_PRECOND(!IsOwnAncestor(parent, child)))
+            if (!QM_TABLE_PRECOND(!IsOwnAncestor(child, hash)))
                 continue;
             while (cursor != NoRow && RowAt(cursor).mark == mark)
                 cursor = RowAt(cursor).next;
             int row = NoRow;
-            std::optional<NK::UInt64> hash;
             if (cursor != NoRow && IdComparator {}(keys[Slot(cursor)], child)) {
                 row = cursor;
                 cursor = RowAt(cursor).next;
             } else {
-                hash = NK::GenerateHashValue(child);
-                row = FindUnmatchedChild(parent, child, *hash, mark);
+                row = FindUnmatchedChild(parent, child, hash, mark);
                 // Old rows were dropped or moved: go on comparing in place after the match.
                 if (row != NoRow)
                     cursor = RowAt(row).next;
             }
             if (row == NoRow) {
-                row = AllocateRow(hash ? *hash : NK::GenerateHashValue(child), mark);
+                row = AllocateRow(hash, mark);
                 if (keys.size() < GetRowCapacity())
                     keys.resize(GetRowCapacity());
                 Record(Op::InsertItem);
@@ -484,9 +512,14 @@ private:
         return selectionLost;
     }
 
-    bool IsOwnAncestor(int parent, const Key& child) const
+    // Whether the child's id is that of the parent or of a row above it (the path kept by the
+    // reload ends at the parent).
+    bool IsOwnAncestor(const Key& child, NK::UInt64 hash) const
     {
-        for (int row = parent; row != NoRow; row = RowAt(row).parent) {
+        auto rows = reloadPathHashes.find(hash);
+        if (rows == reloadPathHashes.end())
+            return false;
+        for (int row : rows->second) {
             if (IdComparator {}(keys[Slot(row)], child))
                 return true;
         }
@@ -505,6 +538,7 @@ private:
     }
 
     std::vector<Key> keys;  // by row; [0] is the virtual root
+    PathHashes reloadPathHashes;  // during a reload: the path to the row being loaded
     DataProvider* provider = nullptr;
     Delegate* delegate = nullptr;
 };

@@ -6,6 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <random>
+#include <set>
+#include <string>
 
 namespace {
 
@@ -69,55 +72,55 @@ protected:
     }
 
     NameFactory factory;
-    // Project(Views(Plan, Section), Sheets(Cover)), Notes
+    // Songs(Albums(Jazz, Folk), Playlists(Morning)), Podcasts
     NK::Array<NK::Owner<ModelItem>> forest = BuildForest({
-        {"Project", {{"Views", {{"Plan", {}, {"floor plan"}}, {"Section", {}, {"section a-a"}}}}, {"Sheets", {{"Cover"}}}}},
-        {"Notes", {}, {"remarks"}},
+        {"Songs", {{"Albums", {{"Jazz", {}, {"blue note"}}, {"Folk", {}, {"folk tunes b-side"}}}}, {"Playlists", {{"Morning"}}}}},
+        {"Podcasts", {}, {"talk shows"}},
     });
 };
 
 TEST_F(TreeItemFactoryTest, WithoutFilteringShowsTheWholeForestSortedPerLevel)
 {
-    EXPECT_EQ(Describe(Create(nullptr)), "Notes,Project(Sheets(Cover),Views(Plan,Section))");
+    EXPECT_EQ(Describe(Create(nullptr)), "Podcasts,Songs(Albums(Folk,Jazz),Playlists(Morning))");
     EXPECT_EQ(factory.created, 7);
 }
 
 TEST_F(TreeItemFactoryTest, ExcludedItemsTakeTheirSubtreeAlongUnvisited)
 {
-    StatusFilter filter({{"Views", FilterStatus::Excluded}});
-    EXPECT_EQ(Describe(Create(&filter)), "Notes,Project(Sheets(Cover))");
-    EXPECT_EQ(std::count(filter.asked.begin(), filter.asked.end(), "Plan"), 0) << "children of an excluded item are not asked";
+    StatusFilter filter({{"Albums", FilterStatus::Excluded}});
+    EXPECT_EQ(Describe(Create(&filter)), "Podcasts,Songs(Playlists(Morning))");
+    EXPECT_EQ(std::count(filter.asked.begin(), filter.asked.end(), "Jazz"), 0) << "children of an excluded item are not asked";
     EXPECT_EQ(factory.created, 4);
 }
 
 TEST_F(TreeItemFactoryTest, FoldersKeptForDescendantsOnlyWhenOneSurvives)
 {
     using S = FilterStatus;
-    StatusFilter filter({{"Project", S::IncludedIfAnyChild}, {"Views", S::IncludedIfAnyChild},
-                         {"Sheets", S::IncludedIfAnyChild}, {"Plan", S::IncludedIfAnyChild},
-                         {"Cover", S::Excluded}, {"Notes", S::IncludedIfAnyChild}});
-    EXPECT_EQ(Describe(Create(&filter)), "Project(Views(Section))")
+    StatusFilter filter({{"Songs", S::IncludedIfAnyChild}, {"Albums", S::IncludedIfAnyChild},
+                         {"Playlists", S::IncludedIfAnyChild}, {"Jazz", S::IncludedIfAnyChild},
+                         {"Morning", S::Excluded}, {"Podcasts", S::IncludedIfAnyChild}});
+    EXPECT_EQ(Describe(Create(&filter)), "Songs(Albums(Folk))")
         << "a leaf kept only for its children is dropped; so is a folder whose children all go";
 
-    StatusFilter included({{"Cover", S::Excluded}});
-    EXPECT_EQ(Describe(Create(&included)), "Notes,Project(Sheets,Views(Plan,Section))")
+    StatusFilter included({{"Morning", S::Excluded}});
+    EXPECT_EQ(Describe(Create(&included)), "Podcasts,Songs(Albums(Folk,Jazz),Playlists)")
         << "an included folder stays even when its children are filtered away";
 }
 
 TEST_F(TreeItemFactoryTest, SearchKeepsAMatchWithTheFoldersOnItsPath)
 {
     TextSearchFilter search;
-    search.SetSearchText("SECTION");
-    EXPECT_EQ(Describe(Create(&search)), "Project(Views(Section))");
+    search.SetSearchText("TUNES");
+    EXPECT_EQ(Describe(Create(&search)), "Songs(Albums(Folk))");
 
-    search.SetSearchText("a-a sec");
-    EXPECT_EQ(Describe(Create(&search)), "Project(Views(Section))") << "words in any order";
+    search.SetSearchText("b-side fol");
+    EXPECT_EQ(Describe(Create(&search)), "Songs(Albums(Folk))") << "words in any order";
 
     search.SetSearchText("nothing like this");
     EXPECT_EQ(Describe(Create(&search)), "");
 
     search.SetSearchText("");
-    EXPECT_EQ(Describe(Create(&search)), "Notes,Project(Views(Plan,Section))")
+    EXPECT_EQ(Describe(Create(&search)), "Podcasts,Songs(Albums(Folk,Jazz))")
         << "an empty search finds every item with search texts; folders without texts stay for them";
 }
 
@@ -137,12 +140,12 @@ TEST_F(TreeItemFactoryTest, OwnsAnOwnedFilterUntilReplaced)
 {
     bool deleted = false;
     factory.SetItemFilter(NK::Owner<TreeItemFactory::Filter>(NK::NewOwned<StatusFilter>(
-        std::map<std::string, TreeItemFactory::Filter::Status> {{"Project", FilterStatus::Excluded}}, &deleted)));
-    EXPECT_EQ(Describe(factory.CreateTree(ModelItem::ToPtrArray(forest))), "Notes");
+        std::map<std::string, TreeItemFactory::Filter::Status> {{"Songs", FilterStatus::Excluded}}, &deleted)));
+    EXPECT_EQ(Describe(factory.CreateTree(ModelItem::ToPtrArray(forest))), "Podcasts");
     EXPECT_FALSE(deleted);
     factory.SetItemFilter(static_cast<const TreeItemFactory::Filter*>(nullptr));
     EXPECT_TRUE(deleted);
-    EXPECT_EQ(Describe(factory.CreateTree(ModelItem::ToPtrArray(forest))), "Notes,Project(Sheets(Cover),Views(Plan,Section))");
+    EXPECT_EQ(Describe(factory.CreateTree(ModelItem::ToPtrArray(forest))), "Podcasts,Songs(Albums(Folk,Jazz),Playlists(Morning))");
 }
 
 TEST_F(TreeItemFactoryTest, BuildingWithoutAnyFilterIsReportedAndStops)
@@ -159,10 +162,10 @@ TEST_F(TreeItemFactoryTest, BuildingWithoutAnyFilterIsReportedAndStops)
 TEST_F(TreeItemFactoryTest, CombinedFilterNeedsTheItemFilterToIncludeExactly)
 {
     using S = FilterStatus;
-    const ModelItem& plan = *forest[0]->GetChildren()[0]->GetChildren()[0];  // search texts: "floor plan"
-    const ModelItem& views = *forest[0]->GetChildren()[0];                   // no search texts
+    const ModelItem& jazz = *forest[0]->GetChildren()[0]->GetChildren()[0];  // search texts: "blue note"
+    const ModelItem& albums = *forest[0]->GetChildren()[0];                  // no search texts
     TextSearchFilter search;
-    search.SetSearchText("plan");
+    search.SetSearchText("blue");
 
     struct Case {
         S itemStatus;
@@ -170,10 +173,10 @@ TEST_F(TreeItemFactoryTest, CombinedFilterNeedsTheItemFilterToIncludeExactly)
         S expected;
     };
     const Case cases[] = {
-        {S::Included, &plan, S::Included},
-        {S::Included, &views, S::IncludedIfAnyChild},
-        {S::IncludedIfAnyChild, &plan, S::Excluded},
-        {S::Excluded, &plan, S::Excluded},
+        {S::Included, &jazz, S::Included},
+        {S::Included, &albums, S::IncludedIfAnyChild},
+        {S::IncludedIfAnyChild, &jazz, S::Excluded},
+        {S::Excluded, &jazz, S::Excluded},
     };
     for (const Case& c : cases) {
         StatusFilter itemFilter({{AsNamed(*c.item).GetName(), c.itemStatus}});
@@ -187,16 +190,16 @@ TEST_F(TreeItemFactoryTest, CombinedFilterNeedsTheItemFilterToIncludeExactly)
         Status GetStatus(const ModelItem&) const override { return Status::Excluded; }
     } excluding;
     StatusFilter includeAll;
-    EXPECT_EQ(WZ::Folderable::Views::CombinedTreeItemFilter(includeAll, excluding).GetStatus(plan), S::Excluded);
+    EXPECT_EQ(WZ::Folderable::Views::CombinedTreeItemFilter(includeAll, excluding).GetStatus(jazz), S::Excluded);
 }
 
 // The default order is made from collation keys; it must agree with comparing pairs.
 TEST_F(TreeItemFactoryTest, DefaultOrderAgreesWithNaturalComparisonOfNames)
 {
     const std::vector<std::string> names = {
-        "Level 10", "level 9", "Level 1", "LEVEL 01 b", "Level -2", "Section A-A", "section a-b", "Élévation",
-        "Elevation", "elevation 2", "3D View", "3d view 12", "_Archive", "Detail 100", "Detail 20", "Ωmega",
-        "Zone", "zone 2", "Zone 10", "a", "A", "", " leading blank", "Sheet A-101", "Sheet A-99",
+        "Track 10", "track 9", "Track 1", "TRACK 01 b", "Track -2", "Side A-A", "side a-b", "Étude",
+        "Etude", "etude 2", "3D Audio", "3d audio 12", "_Archive", "Disc 100", "Disc 20", "Ωmega",
+        "Zone", "zone 2", "Zone 10", "a", "A", "", " leading blank", "Box A-101", "Box A-99",
     };
     std::vector<Node> nodes;
     for (const std::string& name : names)
@@ -208,13 +211,77 @@ TEST_F(TreeItemFactoryTest, DefaultOrderAgreesWithNaturalComparisonOfNames)
     for (NK::UIndex i = 1; i < tree.GetSize(); ++i)
         EXPECT_FALSE(NK::NaturalIsLess(tree[i]->GetDisplayName(), tree[i - 1]->GetDisplayName(), 1))
             << tree[i]->GetDisplayName() << " sorted after " << tree[i - 1]->GetDisplayName();
+}
 
-    // The same comparison through a comparator of the client's sorts pair by pair.
-    factory.SetItemComparator([](const TreeItem& a, const TreeItem& b) { return TreeItemFactory::CompareDisplayNames(a, b); });
-    const auto pairwise = Create(nullptr);
-    for (NK::UIndex i = 0; i < tree.GetSize(); ++i)
-        EXPECT_EQ(NK::NaturalCompare(tree[i]->GetDisplayName(), pairwise[i]->GetDisplayName(), 1), 0)
-            << tree[i]->GetDisplayName() << " / " << pairwise[i]->GetDisplayName() << " at " << i;
+// A client's comparator may be no strict weak order: any order is then fine, but every item
+// must come out exactly once and nothing may be read outside the level (checked under ASan).
+TEST_F(TreeItemFactoryTest, AComparatorThatIsNoStrictWeakOrderNeverBreaksTheLevel)
+{
+    std::vector<Node> nodes;
+    for (int i = 0; i < 1000; ++i)
+        nodes.push_back(Node("song " + std::to_string(i % 7)));  // many equal names
+    forest = BuildForest({Node("Albums", nodes)});
+    std::mt19937 random(20261123);
+    const std::pair<const char*, TreeItemFactory::ItemComparator> comparators[] = {
+        {"<=", [](const TreeItem& a, const TreeItem& b) { return !(b.GetDisplayName() < a.GetDisplayName()); }},
+        {"always", [](const TreeItem&, const TreeItem&) { return true; }},
+        {"random", [&random](const TreeItem&, const TreeItem&) { return random() % 2 == 0; }},
+    };
+    for (const auto& [what, comparator] : comparators) {
+        factory.SetItemComparator(comparator);
+        const auto tree = Create(nullptr);
+        ASSERT_EQ(tree.GetSize(), 1u) << what;
+        std::set<const ModelItem*> models;
+        for (const auto& song : tree[0]->GetChildren())
+            models.insert(&song->GetModel());
+        EXPECT_EQ(models.size(), 1000u) << what;
+    }
+
+    // A proper order on the first letter only keeps equal items in model order.
+    forest = BuildForest({{"b2"}, {"a1"}, {"b1"}, {"a2"}});
+    factory.SetItemComparator([](const TreeItem& a, const TreeItem& b) {
+        return a.GetDisplayName().ToUtf8()[0] < b.GetDisplayName().ToUtf8()[0];
+    });
+    EXPECT_EQ(Describe(Create(nullptr)), "a1,a2,b2,b1");
+}
+
+TEST_F(TreeItemFactoryTest, NullEntriesAndNullRowsAreReportedAndLeftOut)
+{
+    struct NullForFolk : NameFactory {
+        NK::Owner<TreeItem> CreateItem(const ModelItem& item) override
+        {
+            return AsNamed(item).GetName() == "Folk" ? nullptr : NameFactory::CreateItem(item);
+        }
+    } folkless;
+    folkless.SetItemFilter(static_cast<const TreeItemFactory::Filter*>(nullptr));
+    NK::Array<const ModelItem*> items = ModelItem::ToPtrArray(forest);
+    items.Insert(1, nullptr);
+    NK::AssertCapture asserts;
+    EXPECT_EQ(Describe(folkless.CreateTree(items)), "Podcasts,Songs(Albums(Jazz),Playlists(Morning))");
+    EXPECT_EQ(asserts.GetExpressions(), (std::vector<std::string> {"treeItem != nullptr", "item != nullptr"}));
+}
+
+// The build keeps its own stack; a call per level would overflow the call stack.
+TEST_F(TreeItemFactoryTest, BuildsAChainTwoHundredThousandDeep)
+{
+    constexpr NK::UIndex Depth = 200000;
+    forest.Clear();
+    forest.Push(NK::NewOwned<NamedItem>("disc"));
+    ModelItem* bottom = forest[0].Get();
+    for (NK::UIndex level = 1; level < Depth; ++level) {
+        auto next = NK::NewOwned<NamedItem>("disc", NK::Guid::FromNumber(2, level));
+        ModelItem* added = next.Get();
+        bottom->AddChild(std::move(next));
+        bottom = added;
+    }
+    StatusFilter filter;
+    const auto tree = Create(&filter);
+    NK::UIndex depth = 0;
+    for (const TreeItem* item = tree.IsEmpty() ? nullptr : tree[0].Get(); item != nullptr;
+         item = item->GetChildren().IsEmpty() ? nullptr : item->GetChildren()[0].Get())
+        ++depth;
+    EXPECT_EQ(depth, Depth);
+    EXPECT_EQ(factory.created, static_cast<int>(Depth));
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace {
 
 using namespace FDVTest;
@@ -18,12 +20,12 @@ using WZ::Folderable::HierarchicalTreeItemIdComparator;
 using WZ::Folderable::TreeItem;
 
 struct Look {
-    NK::UniString name = "Ground Floor";
+    NK::UniString name = "Cookbooks";
     NK::Optional<QM::Icon> icon = QM::Icon(5, 12);
     QM::Font::Style style = QM::Font::Bold;
     NK::Optional<QM::Color> text = QM::Color(10, 20, 30);
     NK::Optional<QM::Color> background;
-    NK::Optional<NK::UniString> toolTip = NK::UniString("Level 0");
+    NK::Optional<NK::UniString> toolTip = NK::UniString("Shelf 1");
 };
 
 class TreeItemTest : public ::testing::Test {
@@ -34,7 +36,7 @@ protected:
         return NK::NewOwned<Item>(model, look.name, look.icon, look.style, look.text, look.background, look.toolTip);
     }
 
-    NamedItem model {"floor"};
+    NamedItem model {"books"};
 };
 
 TEST_F(TreeItemTest, ContentEqualityCoversWhatIsDrawnButNotTheTooltip)
@@ -46,46 +48,28 @@ TEST_F(TreeItemTest, ContentEqualityCoversWhatIsDrawnButNotTheTooltip)
     other.toolTip.reset();
     EXPECT_TRUE(base->IsEqual(*Make(other)));
 
-    std::vector<std::pair<const char*, Look>> differences;
-    differences.push_back({"name", Look {}});
-    differences.back().second.name = "First Floor";
-    differences.push_back({"no icon", Look {}});
-    differences.back().second.icon.reset();
-    differences.push_back({"other icon", Look {}});
-    differences.back().second.icon = QM::Icon(5, 13);
-    differences.push_back({"style", Look {}});
-    differences.back().second.style = QM::Font::Italic;
-    differences.push_back({"no text colour", Look {}});
-    differences.back().second.text.reset();
-    differences.push_back({"other text colour", Look {}});
-    differences.back().second.text = QM::Color(10, 20, 31);
-    differences.push_back({"a background", Look {}});
-    differences.back().second.background = QM::Color(0, 0, 0);
-    for (const auto& [what, look] : differences) {
+    const std::pair<const char*, std::function<void(Look&)>> differences[] = {
+        {"name", [](Look& l) { l.name = "Novels"; }},
+        {"no icon", [](Look& l) { l.icon.reset(); }},
+        {"other icon", [](Look& l) { l.icon = QM::Icon(5, 13); }},
+        {"style", [](Look& l) { l.style = QM::Font::Italic; }},
+        {"no text colour", [](Look& l) { l.text.reset(); }},
+        {"other text colour", [](Look& l) { l.text = QM::Color(10, 20, 31); }},
+        {"a background", [](Look& l) { l.background = QM::Color(0, 0, 0); }},
+    };
+    for (const auto& [what, change] : differences) {
+        Look look;
+        change(look);
         EXPECT_FALSE(base->IsEqual(*Make(look))) << what;
         EXPECT_FALSE(Make(look)->IsEqual(*base)) << what;
     }
-}
 
-TEST_F(TreeItemTest, IsNotEqualToATreeItemOfAnotherKind)
-{
     struct Foreign : WZ::TreeDiffable {
         NK::Guid GetId() const override { return NK::Guid::FromNumber(0, 1); }
         bool IsEqual(const WZ::TreeDiffable&) const override { return true; }
         NK::Array<const WZ::TreeDiffable*> GetDiffableChildren() const override { return {}; }
     } foreign;
-    EXPECT_FALSE(Make(Look {})->IsEqual(foreign));
-}
-
-TEST_F(TreeItemTest, HierarchicalRowsShowNoColumnsOfTheirOwnByDefault)
-{
-    auto row = Make<HierarchicalTreeItem>(Look {});
-    EXPECT_EQ(row->GetString("Name"), NK::UniString());
-    EXPECT_TRUE(row->GetIcons("Name").empty());
-    EXPECT_EQ(row->GetTooltipText(), NK::UniString()) << "the stored tooltip is not the row's";
-    EXPECT_EQ(static_cast<int>(row->GetFontStyle()), 0xFF) << "every bit set: no style of its own";
-    EXPECT_EQ(static_cast<const TreeItem&>(*row).GetFontStyle(), QM::Font::Bold);
-    EXPECT_FALSE(row->GetBackgroundColor("Name").has_value());
+    EXPECT_FALSE(base->IsEqual(foreign)) << "an item of another kind";
 }
 
 TEST_F(TreeItemTest, RowIdsCompareByGuidAndContentByItem)
@@ -93,7 +77,7 @@ TEST_F(TreeItemTest, RowIdsCompareByGuidAndContentByItem)
     auto row = Make<HierarchicalTreeItem>(Look {});
     auto sameLook = Make<HierarchicalTreeItem>(Look {});
     Look renamed;
-    renamed.name = "Roof";
+    renamed.name = "Atlases";
     auto otherLook = Make<HierarchicalTreeItem>(renamed);
 
     const HierarchicalItemId root;
@@ -126,18 +110,18 @@ TEST_F(TreeItemTest, DecoratorWritesIconNameAndStyleButNoColours)
     Look look;
     look.background = QM::Color(1, 2, 3);
     untyped.Decorate(tree, node, *Make(look));
-    EXPECT_EQ(tree.GetItemText(node), NK::UniString("Ground Floor"));
+    EXPECT_EQ(tree.GetItemText(node), NK::UniString("Cookbooks"));
     EXPECT_EQ(tree.GetItemNormalIcon(node), QM::Icon(5, 12));
     EXPECT_EQ(tree.GetItemFontStyle(node), QM::Font::Bold);
     EXPECT_FALSE(tree.GetItemColor(node).has_value());
     EXPECT_FALSE(tree.GetItemBackgroundColor(node).has_value());
 
     Look plain;
-    plain.name = "Roof";
+    plain.name = "Atlases";
     plain.icon.reset();
     plain.style = QM::Font::Plain;
     untyped.Decorate(tree, node, *Make(plain));
-    EXPECT_EQ(tree.GetItemText(node), NK::UniString("Roof"));
+    EXPECT_EQ(tree.GetItemText(node), NK::UniString("Atlases"));
     EXPECT_EQ(tree.GetItemNormalIcon(node), QM::Icon(5, 12)) << "an item without icon leaves the node's icon";
     EXPECT_EQ(tree.GetItemFontStyle(node), QM::Font::Plain);
 }

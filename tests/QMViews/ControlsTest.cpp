@@ -76,8 +76,8 @@ TEST_F(ControlsTest, APopUpChoiceFollowsItsEntryAndIsNotifiedOnEveryChange)
 {
     QM::PopUpControl path(dialog, QM::Rect(0, 0, 200, 22));
     path.Attach(recorder);
-    path.AppendItem("Project");
-    path.AppendItem("Views", QM::Icon(1, 3));
+    path.AppendItem("Music");
+    path.AppendItem("Albums", QM::Icon(1, 3));
     path.SelectItem(2);
     path.InsertItem(1, "Root");  // the choice moves with its entry, silently
     EXPECT_EQ(path.GetSelectedItem(), 3);
@@ -85,7 +85,7 @@ TEST_F(ControlsTest, APopUpChoiceFollowsItsEntryAndIsNotifiedOnEveryChange)
     EXPECT_EQ(path.GetSelectedItem(), 2);
     EXPECT_TRUE(path.SimulateUserSelect(1));
     EXPECT_TRUE(path.SimulateUserSelect(1));  // the same entry: nothing changes
-    EXPECT_EQ(Render(path), "#1 PopUpControl (0, 0, 200, 22)\n  * Project\n    [icon(1:3)] Views\n");
+    EXPECT_EQ(Render(path), "#1 PopUpControl (0, 0, 200, 22)\n  * Music\n    [icon(1:3)] Albums\n");
     path.DeleteItem(1);  // the chosen entry goes: nothing is chosen
     EXPECT_EQ(path.GetSelectedItem(), 0);
     EXPECT_EQ(recorder.events, (Events {"chose 2", "chose 1 by user", "chose 0"}));
@@ -96,7 +96,7 @@ TEST_F(ControlsTest, APopUpChoiceFollowsItsEntryAndIsNotifiedOnEveryChange)
     path.SetItemText(0, "None");
     EXPECT_EQ(capture.GetReports().size(), 3u);
     EXPECT_EQ(path.GetItemCount(), 1);
-    EXPECT_EQ(path.GetItemText(1), NK::UniString("Views"));
+    EXPECT_EQ(path.GetItemText(1), NK::UniString("Albums"));
 
     path.Disable();
     EXPECT_FALSE(path.SimulateUserSelect(1));

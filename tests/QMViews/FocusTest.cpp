@@ -30,7 +30,7 @@ TEST(QMViewsFocusTest, ClicksAndTypingMoveTheFocusAndTellBothControls)
     QM::Button up(dialog, QM::Rect(210, 0, 234, 22), "Up");
     Provider provider;
     table.SetDataProvider(&provider);
-    provider.Replace(Kids(N(1, "Plans", Kids(N(2, "Ground floor"))), N(3, "Notes")), table);
+    provider.Replace(Kids(N(1, "Recipes", Kids(N(2, "Soups"))), N(3, "Notes")), table);
     FocusRecorder recorder;
     search.Attach(recorder);
     table.Attach(recorder);
@@ -57,14 +57,14 @@ TEST(QMViewsDrawTest, TheTableRedrawsOnceWhenTheOutermostBracketEnds)
     table.SetDataProvider(&provider);
     table.DisableDraw();
     table.DisableDraw();
-    provider.Replace(Kids(N(1, "Plans")), table);  // no redraw while drawing is off
+    provider.Replace(Kids(N(1, "Recipes")), table);  // no redraw while drawing is off
     table.EnableDraw();
     EXPECT_FALSE(table.IsDrawEnabled());
     EXPECT_EQ(table.GetJournal().GetCount(QM::Op::Redraw), 0u);
     table.EnableDraw();
     EXPECT_TRUE(table.IsDrawEnabled());
     EXPECT_EQ(table.GetJournal().GetCount(QM::Op::Redraw), 1u);
-    provider.Replace(Kids(N(1, "Plans"), N(2, "Notes")), table);
+    provider.Replace(Kids(N(1, "Recipes"), N(2, "Notes")), table);
     EXPECT_EQ(table.GetJournal().GetCount(QM::Op::Redraw), 2u);
 }
 

@@ -46,12 +46,12 @@ TEST_F(SearchEditTest, TypingStartsChangesAndBackspacingEndsASearch)
 
 TEST_F(SearchEditTest, ReplacingAndClearingCountAsOneChangeEach)
 {
-    edit.SimulateUserReplaceText("wall");
-    edit.SimulateUserReplaceText("wall");  // the same text: nothing
-    edit.SimulateUserReplaceText("door");
+    edit.SimulateUserReplaceText("soup");
+    edit.SimulateUserReplaceText("soup");  // the same text: nothing
+    edit.SimulateUserReplaceText("bread");
     edit.SimulateUserClear();
     edit.SimulateUserClear();  // already empty
-    EXPECT_EQ(observer.events, (Events {"focus", "started \"wall\"", "changed \"wall\"", "changed \"door\"", "ended \"\""}));
+    EXPECT_EQ(observer.events, (Events {"focus", "started \"soup\"", "changed \"soup\"", "changed \"bread\"", "ended \"\""}));
 }
 
 TEST_F(SearchEditTest, TheProgramWritesTheTextSilently)
@@ -71,16 +71,16 @@ TEST_F(SearchEditTest, TheProgramWritesTheTextSilently)
 TEST_F(SearchEditTest, InOnEnterModeOnlyEnterAndTheClearButtonCount)
 {
     edit.SetUpdateMode(QM::SearchEdit::UpdateMode::OnEnter);
-    edit.SimulateUserType("wal");
+    edit.SimulateUserType("sou");
     EXPECT_EQ(observer.events, (Events {"focus"}));
-    EXPECT_NE(QM::TextRenderer::Join(QM::TextRenderer::RenderItem(edit)).find("not yet searched: \"wal\""), std::string::npos);
+    EXPECT_NE(QM::TextRenderer::Join(QM::TextRenderer::RenderItem(edit)).find("not yet searched: \"sou\""), std::string::npos);
     edit.SimulateUserPressEnter();
     edit.SimulateUserPressEnter();  // nothing new
     edit.SimulateUserBackspace(3);
-    edit.SimulateUserType("do");
+    edit.SimulateUserType("br");
     edit.SimulateUserPressEnter();
     edit.SimulateUserClear();
-    EXPECT_EQ(observer.events, (Events {"focus", "started \"wal\"", "changed \"wal\"", "changed \"do\"", "ended \"\""}));
+    EXPECT_EQ(observer.events, (Events {"focus", "started \"sou\"", "changed \"sou\"", "changed \"br\"", "ended \"\""}));
 }
 
 TEST_F(SearchEditTest, ADisabledOrHiddenFieldIgnoresTheUser)
@@ -107,9 +107,9 @@ TEST_F(SearchEditTest, ACharacterOutsideTheBasicPlaneIsTypedAndDeletedWhole)
 
 TEST_F(SearchEditTest, TheTextFormShowsTheTextOrTheHint)
 {
-    edit.SetHintText("Search views");
+    edit.SetHintText("Search recipes");
     EXPECT_EQ(QM::TextRenderer::Join(QM::TextRenderer::RenderItem(edit)),
-              "#1 SearchEdit (0, 0, 200, 22)\n  hint \"Search views\"\n");
+              "#1 SearchEdit (0, 0, 200, 22)\n  hint \"Search recipes\"\n");
     edit.SimulateUserType("pl");
     EXPECT_EQ(QM::TextRenderer::Join(QM::TextRenderer::RenderItem(edit)), "#1 SearchEdit \"pl\" (0, 0, 200, 22) focused\n");
 }

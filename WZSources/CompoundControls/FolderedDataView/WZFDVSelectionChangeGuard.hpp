@@ -4,7 +4,9 @@
 // when it was taken; inner guards only register with it. When the first guard is released it
 // switches the current view's selection handling back on, reads the selection and, if it
 // differs from the remembered one, sends one event carrying the final selection. A selection
-// that changes and changes back sends nothing; without a current view nothing is sent.
+// that changes and changes back sends nothing; without a current view nothing is sent. Nothing
+// that the view or an observer throws during the release leaves the destructor: it is reported,
+// and the data view is left without an active guard.
 //
 // Guards are made by FolderedDataView::CreateSelectionGuard, owned by their maker, and released
 // innermost first, all before the data view goes away: releasing the first guard while inner

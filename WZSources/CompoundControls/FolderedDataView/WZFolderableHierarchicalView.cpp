@@ -6,6 +6,7 @@
 #include "WZSources/WZLoggedAssert.hpp"
 
 #include <utility>
+#include <vector>
 
 namespace WZ::Folderable {
 
@@ -13,11 +14,19 @@ namespace {
 
 constexpr const char* LogFile = "WZFolderableHierarchicalView";
 
-NK::UIndex CountRows(const NK::Array<NK::Owner<TreeItem>>& rows)
+NK::UIndex CountRows(const NK::Array<NK::Owner<HierarchicalTreeItem>>& topLevel)
 {
-    NK::UIndex count = rows.GetSize();
-    for (const NK::Owner<TreeItem>& row : rows)
-        count += CountRows(row->GetChildren());
+    NK::UIndex count = 0;
+    std::vector<const TreeItem*> pending;
+    for (const NK::Owner<HierarchicalTreeItem>& item : topLevel)
+        pending.push_back(item.Get());
+    while (!pending.empty()) {
+        const TreeItem* row = pending.back();
+        pending.pop_back();
+        ++count;
+        for (const NK::Owner<TreeItem>& child : row->GetChildren())
+            pending.push_back(child.Get());
+    }
     return count;
 }
 
@@ -27,9 +36,7 @@ NK::UIndex CountRows(const NK::Array<NK::Owner<TreeItem>>& rows)
 
 void HierarchicalTableView::DataProvider::ItemIndex::Rebuild(const NK::Array<NK::Owner<HierarchicalTreeItem>>& topLevel)
 {
-    NK::UIndex count = topLevel.GetSize();
-    for (const NK::Owner<HierarchicalTreeItem>& item : topLevel)
-        count += CountRows(item->TreeItem::GetChildren());
+    const NK::UIndex count = CountRows(topLevel);
     entries.clear();
     entries.reserve(count);
     std::size_t slotCount = 16;
@@ -37,8 +44,24 @@ void HierarchicalTableView::DataProvider::ItemIndex::Rebuild(const NK::Array<NK:
         slotCount *= 2;
     slots.assign(slotCount, 0);
     levels.Clear();
-    for (const NK::Owner<HierarchicalTreeItem>& item : topLevel)
-        Add(*item, HierarchicalItemId::virtualRootId, 0);
+    // Pre-order with a stack of its own, so that a forest of any depth is indexed.
+    struct Pending {
+        HierarchicalTreeItem* item;
+        NK::Guid parentId;
+        NK::Int32 depth;
+    };
+    std::vector<Pending> pending;
+    for (NK::UIndex i = topLevel.GetSize(); i-- > 0;)
+        pending.push_back({topLevel[i].Get(), HierarchicalItemId::virtualRootId, 0});
+    while (!pending.empty()) {
+        const Pending next = pending.back();
+        pending.pop_back();
+        Add(*next.item, next.parentId, next.depth);
+        // The children are hierarchical rows too (the view checks the forest before it gets here).
+        const NK::Array<NK::Owner<TreeItem>>& children = next.item->TreeItem::GetChildren();
+        for (NK::UIndex i = children.GetSize(); i-- > 0;)
+            pending.push_back({static_cast<HierarchicalTreeItem*>(children[i].Get()), next.item->GetId(), next.depth + 1});
+    }
 }
 
 std::size_t HierarchicalTableView::DataProvider::ItemIndex::SlotOf(const NK::Guid& id) const
@@ -73,9 +96,6 @@ void HierarchicalTableView::DataProvider::ItemIndex::Add(HierarchicalTreeItem& i
             levels.Push({});
         levels[static_cast<NK::UIndex>(depth)].Push(id);
     }
-    // The children are hierarchical rows too (the view checks the forest before it gets here).
-    for (const NK::Owner<TreeItem>& child : item.TreeItem::GetChildren())
-        Add(static_cast<HierarchicalTreeItem&>(*child), id, depth + 1);
 }
 
 HierarchicalTableView::DataProvider::DataProvider() = default;

@@ -4,6 +4,7 @@
 #include "NK/NKAssert.hpp"
 #include "NK/NKSearch.hpp"
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableModelItem.hpp"
+#include "WZSources/CompoundControls/FolderedDataView/WZFolderableSort.hpp"
 #include "WZSources/WZLoggedAssert.hpp"
 
 #include <algorithm>
@@ -96,7 +97,7 @@ NK::Array<const ListBoxItem*> ListItemFactory::CreateItems(const NK::Array<const
     for (const ModelItem* item : kept)
         rows.Push(CreateItem(*item));
     if (comparator)
-        std::sort(rows.begin(), rows.end(), comparator);
+        SortWithClientOrder(rows, comparator);
     return rows;
 }
 

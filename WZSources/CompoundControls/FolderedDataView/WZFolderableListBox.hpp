@@ -1,7 +1,7 @@
 // WZ::Folderable::ListItemFactory: turns model items into the rows of the foldered data view's
 // list box. CreateItems filters the items (the filter's FilterItems), lets the client create a
 // row for each survivor (CreateItem, which every client overrides) and sorts the rows with the
-// comparator (unstable). Without a comparator the rows are reported ("comparator != nullptr")
+// comparator (a comparator that is no strict weak order gives some order, never a crash). Without a comparator the rows are reported ("comparator != nullptr")
 // and left in filter order.
 //
 // The rows are the caller's: the list views hand them to their smart updater with a

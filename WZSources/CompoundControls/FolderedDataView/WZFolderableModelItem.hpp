@@ -6,7 +6,9 @@
 // data view keeps; deleting an item deletes its subtree. Everything else holds `const
 // ModelItem*`, valid as long as that forest, and remembers items across forests by GetId.
 // Pre-order is the order of every recursive collection: an item, then its children's subtrees,
-// then its next sibling.
+// then its next sibling. Every walk over the forest (collections, search by id, deletion) keeps
+// its own stack, so a forest of any depth is walked without exhausting the call stack; null
+// entries of a children array are passed over.
 #pragma once
 
 #include "NK/NKArray.hpp"
@@ -29,7 +31,10 @@ public:
     virtual NK::Guid GetId() const = 0;
 
     // Appends the child and makes this item its parent. A child that already has a parent is
-    // reported ("child->parent == nullptr") and taken all the same.
+    // reported ("child->parent == nullptr") and taken all the same. Refused with a report, the
+    // forest unchanged: a null child ("child != nullptr"), and the item itself or one of its
+    // ancestors ("!child->IsSelfOrAncestorOf (*this)"), which would make a cycle that no walk
+    // leaves. A refused child is let go of, not deleted: it still belongs where it was.
     void AddChild(NK::Owner<ModelItem> child);
 
     NK::Array<NK::Owner<ModelItem>>& GetChildren() noexcept { return children; }
@@ -47,6 +52,9 @@ public:
     // Appends the forest to `out` in pre-order.
     static void CollectChildrenPtrRecursive(const NK::Array<NK::Owner<ModelItem>>& items,
                                             NK::Array<const ModelItem*>& out);
+
+    // Whether this item is `item` or one of its ancestors.
+    bool IsSelfOrAncestorOf(const ModelItem& item) const;
 
 private:
     void SetParent(const ModelItem* newParent) noexcept { parent = newParent; }

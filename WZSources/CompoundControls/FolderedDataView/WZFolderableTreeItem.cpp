@@ -18,7 +18,20 @@ TreeItem::TreeItem(const ModelItem& model, const NK::UniString& displayName, con
 {
 }
 
-TreeItem::~TreeItem() = default;
+TreeItem::~TreeItem()
+{
+    // Taken apart from a work list, so that a deep chain of rows is not deleted one nested
+    // destructor call per level.
+    NK::Array<NK::Owner<TreeItem>> pending = std::move(children);
+    while (!pending.IsEmpty()) {
+        NK::Owner<TreeItem> item = pending.Pop();
+        if (item == nullptr)
+            continue;
+        for (NK::Owner<TreeItem>& child : item->children)
+            pending.Push(std::move(child));
+        item->children.Clear();
+    }
+}
 
 NK::Guid TreeItem::GetId() const
 {
@@ -41,7 +54,8 @@ NK::Array<const WZ::TreeDiffable*> TreeItem::GetDiffableChildren() const
     NK::Array<const WZ::TreeDiffable*> result;
     result.SetCapacity(children.GetSize());
     for (const NK::Owner<TreeItem>& child : children)
-        result.Push(child.Get());
+        if (child != nullptr)
+            result.Push(child.Get());
     return result;
 }
 

@@ -2,7 +2,8 @@
 // by the client's TreeItemFactory, it takes its id from the model item and owns its children.
 // Content equality (IsEqual) covers what is drawn: display name, font style, icon, text and
 // background colours. The tooltip, the children, the id and the model are not compared, so a
-// tooltip change alone keeps the row as it is.
+// tooltip change alone keeps the row as it is. Deleting a tree item deletes its subtree without
+// nesting a call per level, so rows of any depth can be let go of.
 #pragma once
 
 #include "NK/NKArray.hpp"

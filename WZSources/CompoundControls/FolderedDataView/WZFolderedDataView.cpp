@@ -9,11 +9,22 @@
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderedDataViewState.hpp"
 #include "WZSources/WZLoggedAssert.hpp"
 
+#include <exception>
+#include <string>
+
 namespace WZ::Folderable {
 
 namespace {
 
 constexpr const char* LogFile = "WZFolderedDataView";
+
+// What a view or an observer threw while the data view told of a selection change: reported,
+// and the data view goes on as if the call had returned.
+void ReportCallbackFailure(const char* what, NK::UInt32 line)
+{
+    (void)NK_ASSERT_TEXT(false, std::string("selection callback threw: ") + what);
+    LogAssertError(LogFile, line);
+}
 
 }  // namespace
 
@@ -34,18 +45,28 @@ SelectionChangeGuard::FirstGuardImpl::~FirstGuardImpl()
         NK_UNREACHABLE_TEXT("dataView.activeGuard == &owner");
     if (!nestedGuards.IsEmpty())
         NK_UNREACHABLE_TEXT("nestedGuards.IsEmpty ()");
-    Views::View* view = dataView.GetCurrentView();
-    if (view == nullptr) {
+    // The view's and the observers' code runs from here; nothing it throws may leave a
+    // destructor, and the data view must come out without an active guard whatever happens.
+    try {
+        Views::View* view = dataView.GetCurrentView();
+        if (view == nullptr) {
+            dataView.activeGuard = nullptr;
+            return;
+        }
+        // Views switch selection handling off while they rebuild; the outermost guard switches it
+        // back on once every rebuild under it is over.
+        view->EnableSelectionHandling();
+        const Selection selectionAfter = view->GetSelection();
         dataView.activeGuard = nullptr;
-        return;
+        if (selectionAfter != selectionBefore)
+            dataView.ViewSelectionChanged();
+    } catch (const std::exception& error) {
+        dataView.activeGuard = nullptr;
+        ReportCallbackFailure(error.what(), __LINE__);
+    } catch (...) {
+        dataView.activeGuard = nullptr;
+        ReportCallbackFailure("an exception that is no std::exception", __LINE__);
     }
-    // Views switch selection handling off while they rebuild; the outermost guard switches it
-    // back on once every rebuild under it is over.
-    view->EnableSelectionHandling();
-    const Selection selectionAfter = view->GetSelection();
-    dataView.activeGuard = nullptr;
-    if (selectionAfter != selectionBefore)
-        dataView.ViewSelectionChanged();
 }
 
 void SelectionChangeGuard::FirstGuardImpl::RegisterNested(GuardImpl* impl)
@@ -179,13 +200,28 @@ const Views::View::ViewState* FolderedDataView::GetStoredViewState(ViewMode mode
 
 void FolderedDataView::SetItems(NK::Array<NK::Owner<ModelItem>> newItems)
 {
-    KeepTreeAndListFolder(newItems);
-    // The old forest lives until the views have been rebuilt from the new one, so that nothing
-    // they read on the way (the selection before) points into freed items.
+    NK::Array<NK::Owner<ModelItem>> forest;
+    forest.SetCapacity(newItems.GetSize());
+    for (NK::Owner<ModelItem>& item : newItems) {
+        if (NK_PRECOND_TEXT(item != nullptr, "newItems[i] != nullptr"))
+            forest.Push(std::move(item));
+        else
+            LogAssertError(LogFile, __LINE__);
+    }
+    // The old forest lives until the guard below has compared the selections and every view has
+    // let go of it, so that nothing read on the way points into freed items.
     NK::Array<NK::Owner<ModelItem>> oldItems = std::move(items);
-    items = std::move(newItems);
+    NK::Owner<SelectionChangeGuard> guard = CreateSelectionGuard();
+    KeepTreeAndListFolder(forest);
+    items = std::move(forest);
     CreateDefaultInMemoryViewStateIfNeeded();
-    if (!views.IsEmpty())
+    // The views that are not refreshed forget the old forest before the current one is rebuilt:
+    // controls they share with it are then filled from the new forest last.
+    const Views::View* current = GetCurrentView();
+    for (const auto& entry : views)
+        if (entry.second.Get() != current)
+            entry.second->ForgetItems();
+    if (current != nullptr)
         Refresh();
 }
 
@@ -244,8 +280,16 @@ void FolderedDataView::ViewSelectionChanged()
     if (activeGuard != nullptr)
         return;
     const Selection selection = GetSelection();
-    observers.NotifyAll<FolderedDataViewObserver>(
-        [&selection](FolderedDataViewObserver& observer) { observer.SelectionChanged(selection); });
+    // One observer's failure is its own: the others still hear of the change.
+    observers.NotifyAll<FolderedDataViewObserver>([&selection](FolderedDataViewObserver& observer) {
+        try {
+            observer.SelectionChanged(selection);
+        } catch (const std::exception& error) {
+            ReportCallbackFailure(error.what(), __LINE__);
+        } catch (...) {
+            ReportCallbackFailure("an exception that is no std::exception", __LINE__);
+        }
+    });
 }
 
 void FolderedDataView::AttachFolderedDataViewObserver(FolderedDataViewObserver& observer)

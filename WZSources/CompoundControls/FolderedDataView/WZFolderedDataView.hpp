@@ -88,9 +88,11 @@ public:
     // True while the current view is shown.
     bool IsCurrentViewShown() const noexcept { return currentViewShown; }
 
-    // Replaces the forest (the old one is deleted with all its items once the views have let go
-    // of it) and, when any view is registered, refreshes under a selection-change guard. The
-    // tree-and-list view's chosen folder is found again in the new forest by its id.
+    // Replaces the forest, under one selection-change guard: null entries are reported
+    // ("newItems[i] != nullptr") and left out; the tree-and-list view's chosen folder is found
+    // again in the new forest by its id; every other registered view forgets the old forest
+    // (ForgetItems) and then the current view is refreshed. The old forest is deleted last, when
+    // no view holds a pointer into it any more.
     void SetItems(NK::Array<NK::Owner<ModelItem>> newItems);
     const NK::Array<NK::Owner<ModelItem>>& GetItems() const noexcept { return items; }
 
@@ -106,6 +108,8 @@ public:
     bool IsSelectionGuardActive() const noexcept { return activeGuard != nullptr; }
     // What the current view calls when its selection changed: notifies every observer with the
     // current selection, unless a guard is alive (then the first guard decides at its release).
+    // An exception from an observer is reported and goes no further; the other observers are
+    // still notified.
     void ViewSelectionChanged() override;
 
     void AttachFolderedDataViewObserver(FolderedDataViewObserver& observer);

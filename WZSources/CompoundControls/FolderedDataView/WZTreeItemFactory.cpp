@@ -4,6 +4,7 @@
 #include "NK/NKAssert.hpp"
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableListBox.hpp"
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableModelItem.hpp"
+#include "WZSources/CompoundControls/FolderedDataView/WZFolderableSort.hpp"
 
 #include <algorithm>
 #include <numeric>
@@ -90,30 +91,45 @@ const TreeItemFactory::Filter* TreeItemFactory::GetItemFilterPtr() const
 
 NK::Array<NK::Owner<TreeItem>> TreeItemFactory::CreateTree(const NK::Array<const ModelItem*>& items)
 {
-    NK::Array<NK::Owner<TreeItem>> roots = BuildLevel(items, GetItemFilterPtr());
+    const Filter* filter = GetItemFilterPtr();
+    // One level per model item being built: its children are visited first, then the item's
+    // own tree item is made and handed to the level above. The bottom level is the given array.
+    struct Level {
+        const ModelItem* item;  // null for the given array
+        Filter::Status status;
+        NK::Array<const ModelItem*> models;
+        NK::UIndex next;
+        NK::Array<NK::Owner<TreeItem>> built;
+    };
+    std::vector<Level> stack;
+    stack.push_back({nullptr, Filter::Status::Included, items, 0, {}});
+    while (true) {
+        Level& level = stack.back();
+        if (level.next < level.models.GetSize()) {
+            const ModelItem* item = level.models[level.next++];
+            if (!NK_PRECOND_TEXT(item != nullptr, "item != nullptr"))
+                continue;
+            const Filter::Status status = filter != nullptr ? filter->GetStatus(*item) : Filter::Status::Included;
+            if (status != Filter::Status::Excluded)
+                stack.push_back({item, status, ModelItem::ToPtrArray(item->GetChildren()), 0, {}});
+            continue;
+        }
+        if (stack.size() == 1)
+            break;
+        Level done = std::move(level);
+        stack.pop_back();
+        if (done.status == Filter::Status::IncludedIfAnyChild && done.built.IsEmpty())
+            continue;
+        NK::Owner<TreeItem> treeItem = CreateItem(*done.item);
+        if (!NK_PRECOND_TEXT(treeItem != nullptr, "treeItem != nullptr"))
+            continue;
+        SortTreeItems(done.built);
+        treeItem->SetChildren(std::move(done.built));
+        stack.back().built.Push(std::move(treeItem));
+    }
+    NK::Array<NK::Owner<TreeItem>> roots = std::move(stack.back().built);
     SortTreeItems(roots);
     return roots;
-}
-
-NK::Array<NK::Owner<TreeItem>> TreeItemFactory::BuildLevel(const NK::Array<const ModelItem*>& items,
-                                                           const Filter* filter)
-{
-    NK::Array<NK::Owner<TreeItem>> result;
-    for (const ModelItem* item : items) {
-        const Filter::Status status = filter != nullptr ? filter->GetStatus(*item) : Filter::Status::Included;
-        if (status == Filter::Status::Excluded)
-            continue;
-        NK::Array<NK::Owner<TreeItem>> children;
-        if (!item->GetChildren().IsEmpty())
-            children = BuildLevel(ModelItem::ToPtrArray(item->GetChildren()), filter);
-        if (status == Filter::Status::IncludedIfAnyChild && children.IsEmpty())
-            continue;
-        NK::Owner<TreeItem> treeItem = CreateItem(*item);
-        SortTreeItems(children);
-        treeItem->SetChildren(std::move(children));
-        result.Push(std::move(treeItem));
-    }
-    return result;
 }
 
 void TreeItemFactory::SortTreeItems(NK::Array<NK::Owner<TreeItem>>& items) const
@@ -128,8 +144,9 @@ void TreeItemFactory::SortTreeItems(NK::Array<NK::Owner<TreeItem>>& items) const
         SortByDisplayNameKeys(items);
         return;
     }
-    std::sort(items.begin(), items.end(),
-              [this](const NK::Owner<TreeItem>& a, const NK::Owner<TreeItem>& b) { return itemComparator(*a, *b); });
+    SortWithClientOrder(items, [this](const NK::Owner<TreeItem>& a, const NK::Owner<TreeItem>& b) {
+        return itemComparator(*a, *b);
+    });
 }
 
 }  // namespace WZ::Folderable

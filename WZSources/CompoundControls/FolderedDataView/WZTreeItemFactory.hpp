@@ -6,8 +6,13 @@
 // CreateTree, for each model item in order: the filter's status (a borrowed null filter means
 // Included); Excluded skips the item and its subtree unvisited; otherwise the children are built
 // first, an IncludedIfAnyChild item with no surviving child is dropped, and the others get a tree
-// item with their sorted surviving children. The top level is sorted last. The sort is an
-// unstable comparison sort, per level, only with a comparator and at least two items.
+// item with their sorted surviving children. The top level is sorted last. Each level is sorted
+// on its own, only with a comparator and at least two items. A client's
+// comparator that is no strict weak order gives an unspecified order, never a crash.
+//
+// The build keeps its own stack, so a model forest of any depth can be built. Null entries of
+// the given array (and null rows from CreateItem) are reported ("item != nullptr", "treeItem !=
+// nullptr") and left out.
 //
 // A new factory holds no filter: it must be given one (owned, or borrowed, possibly null) before
 // CreateTree; building without one is reported and stops the program. Its comparator orders by
@@ -79,7 +84,6 @@ public:
 
 private:
     const Filter* GetItemFilterPtr() const;
-    NK::Array<NK::Owner<TreeItem>> BuildLevel(const NK::Array<const ModelItem*>& items, const Filter* filter);
     void SortTreeItems(NK::Array<NK::Owner<TreeItem>>& items) const;
 
     ItemFilter itemFilter;

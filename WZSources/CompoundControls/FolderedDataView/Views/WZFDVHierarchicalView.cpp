@@ -7,6 +7,7 @@
 #include "WZSources/WZLoggedAssert.hpp"
 
 #include <utility>
+#include <vector>
 
 namespace WZ::Folderable::Views {
 
@@ -17,13 +18,17 @@ constexpr const char* LogFile = "WZFDVHierarchicalView";
 using RowArray = NK::Array<NK::Owner<HierarchicalTreeItem>>;
 
 // Whether every row of the subtree is a hierarchical row (the table narrows children to them).
-bool IsHierarchicalSubtree(const TreeItem& item)
+// Walked with a stack of its own: the forest may be of any depth.
+bool IsHierarchicalSubtree(const TreeItem& top)
 {
-    if (dynamic_cast<const HierarchicalTreeItem*>(&item) == nullptr)
-        return false;
-    for (const NK::Owner<TreeItem>& child : item.GetChildren()) {
-        if (!IsHierarchicalSubtree(*child))
+    std::vector<const TreeItem*> pending {&top};
+    while (!pending.empty()) {
+        const TreeItem* item = pending.back();
+        pending.pop_back();
+        if (dynamic_cast<const HierarchicalTreeItem*>(item) == nullptr)
             return false;
+        for (const NK::Owner<TreeItem>& child : item->GetChildren())
+            pending.push_back(child.Get());
     }
     return true;
 }
@@ -257,11 +262,12 @@ void HierarchicalView::SelectionChanged()
 
 HierarchicalTableView::UpdateResult HierarchicalView::RefreshHierarchicalTableView()
 {
+    HierarchicalTableView* table = GetTable();
     if (!NK_ASSERT_TEXT(itemFactory != nullptr, "itemFactory != nullptr")) {
         LogAssertError(LogFile, __LINE__);
-        return {};
+        // Rows left from an earlier forest would point at items that are deleted with it.
+        return table != nullptr ? table->SetItems({}) : HierarchicalTableView::UpdateResult {};
     }
-    HierarchicalTableView* table = GetTable();
     if (table == nullptr)
         return {};
 
@@ -289,6 +295,12 @@ void HierarchicalView::Refresh()
     EnableSelectionHandling();
     if (GetSelection() != before)
         SendSelectionChangedEvent();
+}
+
+void HierarchicalView::ForgetItems()
+{
+    if (HierarchicalTableView* table = GetResource().GetHierarchicalDataView())
+        table->SetItems({});
 }
 
 // ---- search ------------------------------------------------------------------------------

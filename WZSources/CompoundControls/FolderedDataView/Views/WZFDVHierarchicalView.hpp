@@ -15,6 +15,8 @@
 // - While another view is shown the open folders are kept in the in-memory state (the first time
 //   the view is seen, the first level opens) and come back when the view appears again.
 // - The view state is the layout's state followed by the table's column layout.
+// - Without an item factory a rebuild is reported ("itemFactory != nullptr") and empties the
+//   table, so that no row is left pointing into a forest that goes away.
 #pragma once
 
 #include "NK/NKPointers.hpp"
@@ -88,6 +90,8 @@ public:
     void Refresh() override;
     void WillAppear(const OpenData& openData) override;
     void WillDisappear() override;
+    // Empties the table; the open folders stay in the in-memory state.
+    void ForgetItems() override;
 
     // The table's selection changed (while selection handling is on).
     void SelectionChanged() override;

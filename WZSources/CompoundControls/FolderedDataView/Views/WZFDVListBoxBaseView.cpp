@@ -127,6 +127,10 @@ void ListBoxBaseView::GiveSearchFilterTheFieldText()
 
 NK::Array<const ListBoxItem*> ListBoxBaseView::CreateListBoxItems(const NK::Array<const ModelItem*>& items) const
 {
+    if (!NK_PRECOND_TEXT(listItemFactory != nullptr, "listItemFactory != nullptr")) {
+        LogAssertError(LogFile, __LINE__);
+        return {};
+    }
     if (IsSearchMode() && searchFilter != nullptr)
         return listItemFactory->CreateItems(searchFilter->FilterItems(items));
     return listItemFactory->CreateItems(items);
@@ -140,7 +144,8 @@ ListBoxBaseView::ListRefreshResult ListBoxBaseView::RefreshListBox(const NK::Arr
     UntypedListBoxView::DrawSuspender drawGuard(list->GetListBox());
     if (!NK_PRECOND_TEXT(listItemFactory != nullptr, "listItemFactory != nullptr")) {
         LogAssertError(LogFile, __LINE__);
-        return ListRefreshResult(std::move(drawGuard), SelectionKeeper(&list->GetListBox(), &list->GetUpdater()));
+        // Rows left from an earlier forest would lead to items that are deleted with it.
+        return ListRefreshResult(std::move(drawGuard), list->SetItems({}, {}));
     }
     return ListRefreshResult(std::move(drawGuard), list->SetItems(CreateListBoxItems(items), items));
 }
@@ -253,6 +258,16 @@ void ListBoxBaseView::WillDisappear()
             if (QM::Item* onTab = listBox.GetOnTabItem(tab))
                 onTab->Hide();
     }
+}
+
+void ListBoxBaseView::ForgetItems()
+{
+    // The list box is shared by the list-based views. On display it belongs to the view that is
+    // shown, which the data view rebuilds from the new forest next; hidden, its rows are this
+    // view's or another hidden one's, and go.
+    UntypedListBox* list = GetList();
+    if (list != nullptr && !list->IsVisible())
+        list->SetItems({}, {});
 }
 
 void ListBoxBaseView::RefreshForSearch()

@@ -75,10 +75,11 @@ public:
     ListItemFactory::SearchFilter* GetListItemSearchFilter() const noexcept { return searchFilter.Get(); }
 
     // The rows for these model items: in search mode narrowed by the search filter first, then
-    // filtered, made and sorted by the factory. The caller owns them.
+    // filtered, made and sorted by the factory. The caller owns them. Without a factory:
+    // reported ("listItemFactory != nullptr"), no rows.
     NK::Array<const ListBoxItem*> CreateListBoxItems(const NK::Array<const ModelItem*>& items) const;
-    // Shows the rows of these model items (reported, and the rows left as they are, without a
-    // factory; nothing without a list).
+    // Shows the rows of these model items (reported, and the list emptied, without a factory;
+    // nothing without a list).
     ListRefreshResult RefreshListBox(const NK::Array<const ModelItem*>& items);
     // Selects the kept ids that are still shown; true when the selection is not what was kept.
     bool RestoreSelection(SelectionKeeper& keeper);
@@ -92,6 +93,8 @@ public:
     Selection GetSelection() const override;
     void WillAppear(const OpenData& openData) override;
     void WillDisappear() override;
+    // Empties the list unless it is on display (then it is the shown view's to rebuild).
+    void ForgetItems() override;
 
 protected:
     // Makes the view deaf to its controls' selection callbacks while alive (pauses nest); the

@@ -210,6 +210,10 @@ void TreeAndListView::RefreshTreeAndPopup()
         return;
     if (!NK_PRECOND_TEXT(treeItemFactory != nullptr, "treeItemFactory != nullptr")) {
         LogAssertError(LogFile, __LINE__);
+        // No node or entry may be left pointing into a forest that goes away.
+        tree->SetItems({});
+        if (PopUpView* popUp = GetResource().GetPopUpView())
+            popUp->SetItems({});
         return;
     }
     {
@@ -276,6 +280,21 @@ void TreeAndListView::RefreshUpButtonStatus()
 {
     if (QM::Button* up = GetResource().GetUpButton())
         up->SetStatus(treeSelection != nullptr && treeSelection->GetParent() != nullptr);
+}
+
+void TreeAndListView::ForgetItems()
+{
+    ListBoxBaseView::ForgetItems();
+    // Called while the old forest still exists and the new one is current: the chosen folder is
+    // found again by its id (the data view already did so for the view under mode 3).
+    if (treeSelection != nullptr) {
+        const NK::Array<NK::Owner<ModelItem>>* items = GetCurrentItems();
+        treeSelection = items != nullptr ? FindModelItemById(*items, treeSelection->GetId()) : nullptr;
+    }
+    if (TreeView* tree = GetTree())
+        tree->SetItems({});
+    if (PopUpView* popUp = GetResource().GetPopUpView())
+        popUp->SetItems({});
 }
 
 void TreeAndListView::Refresh()

@@ -148,6 +148,9 @@ public:
     NK::Array<const ModelItem*> GetItemsForCurrentControl() const override;
     View::InMemoryViewState* GetInMemoryViewState() override { return &inMemoryState; }
     void UpdateInMemoryViewState() override;
+    // Empties the tree, the pop-up and (when hidden) the list; the chosen folder is found again
+    // in the new forest by its id.
+    void ForgetItems() override;
 
     // The rebuilds, each with drawing of its control off until it is done.
     void RefreshTreeAndPopup();

@@ -97,6 +97,8 @@ NK::Array<const ModelItem*> View::GetItemsForCurrentControl() const
     return GetSelection().GetItems();
 }
 
+void View::ForgetItems() {}
+
 NK::Optional<NK::UniString> View::GetSearchText() const
 {
     const QM::SearchEdit* searchField = resource.GetSearchField();

@@ -16,7 +16,11 @@
 //   or is left. The base attaches the view to the search field while it is shown (its search
 //   callbacks come from there) and, when it is left, first keeps its in-memory state;
 // - GetItemsForCurrentControl: the items of the control that has the focus (by default the
-//   selection).
+//   selection);
+// - ForgetItems: the data view is about to delete the forest and will not refresh this view:
+//   the view lets go of every pointer into it (rows, chosen folder, entries) and builds from the
+//   new forest when it is refreshed or shown again. A view never holds a pointer into a forest
+//   that it was not given last.
 #pragma once
 
 #include "NK/NKArray.hpp"
@@ -104,6 +108,8 @@ public:
     virtual void WillAppear(const OpenData& openData);
     virtual void WillDisappear();
     virtual NK::Array<const ModelItem*> GetItemsForCurrentControl() const;
+    // Nothing by default: a view without controls holds nothing of the forest.
+    virtual void ForgetItems();
 
     // The search field's text; empty (no value) when the resource has no search field.
     NK::Optional<NK::UniString> GetSearchText() const;

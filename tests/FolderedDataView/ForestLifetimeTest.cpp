@@ -1,0 +1,172 @@
+// What the data view's views hold of a forest once SetItems has replaced it, and how they bear
+// missing factories, null entries and very deep forests.
+#include "FDVDataView/DataViewTestBench.hpp"
+
+#include "NK/NKAssert.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <set>
+#include <string>
+
+namespace {
+
+using namespace FDVDataViewTest;
+
+// Recipes(Soups(Minestrone, Borscht), Cakes(Sponge)), Pantry(Flour)
+std::vector<Node> Recipes()
+{
+    return {Node("Recipes", {Node("Soups", {Node("Minestrone"), Node("Borscht")}), Node("Cakes", {Node("Sponge")})}),
+            Node("Pantry", {Node("Flour")})};
+}
+
+// Every model item that a control or a view of the data view leads to.
+std::vector<const ModelItem*> HeldItems(Browser& browser)
+{
+    std::vector<const ModelItem*> held;
+    for (const auto& node : browser.Table().GetAllNodes())
+        held.push_back(&node.item->GetModel());
+    for (const ModelItem* item : browser.dataView.GetListBoxDataView()->GetModelItems())
+        held.push_back(item);
+    std::vector<const TreeItem*> pending;
+    for (const TreeItem* root : browser.dataView.GetTreeDataView()->GetRootItems())
+        pending.push_back(root);
+    while (!pending.empty()) {
+        const TreeItem* item = pending.back();
+        pending.pop_back();
+        held.push_back(&item->GetModel());
+        for (const auto& child : item->GetChildren())
+            pending.push_back(child.Get());
+    }
+    for (const auto& entry : browser.dataView.GetPopUpView()->GetItems())
+        held.push_back(&entry->GetModel());
+    if (const ModelItem* folder = browser.TreeAndList().GetTreeSelection())
+        held.push_back(folder);
+    return held;
+}
+
+// How many of the held items are not in the data view's forest.
+int HeldOutsideTheForest(Browser& browser)
+{
+    const NK::Array<const ModelItem*> forest = ModelItem::ToPtrArrayRecursive(browser.dataView.GetItems());
+    const std::set<const ModelItem*> current(forest.begin(), forest.end());
+    int outside = 0;
+    for (const ModelItem* item : HeldItems(browser))
+        outside += current.count(item) == 0 ? 1 : 0;
+    return outside;
+}
+
+// A data view over the recipes whose every view has filled its controls once, showing `mode`.
+void ShowAllViewsEndingIn(Browser& browser, ViewMode mode)
+{
+    browser.dataView.SetItems(BuildForest(Recipes()));
+    for (ViewMode each : {ViewMode::FlatList, ViewMode::TreeAndList, ViewMode::Hierarchical, mode})
+        browser.dataView.SetViewMode(each);
+    browser.dataView.SetSelection(browser.SelectionOf({"Borscht"}));
+}
+
+const ViewMode AllModes[] = {ViewMode::Hierarchical, ViewMode::FlatList, ViewMode::TreeAndList};
+
+TEST(ForestLifetimeTest, NoViewHoldsAnItemOfAReplacedForest)
+{
+    for (ViewMode mode : AllModes) {
+        Browser browser;
+        ShowAllViewsEndingIn(browser, mode);
+        ASSERT_GT(HeldItems(browser).size(), 10u) << "the hidden controls were filled";
+
+        browser.dataView.SetItems(BuildForest(Recipes()));
+        EXPECT_EQ(HeldOutsideTheForest(browser), 0) << "current view " << static_cast<int>(mode);
+        EXPECT_EQ(browser.Selected(), "Borscht") << "the shown view rebuilt and kept the selection by id";
+
+        // A hidden view shown again builds from the new forest.
+        browser.dataView.SetViewMode(mode == ViewMode::Hierarchical ? ViewMode::FlatList : ViewMode::Hierarchical);
+        EXPECT_EQ(browser.Selected(), "Borscht");
+        EXPECT_EQ(HeldOutsideTheForest(browser), 0);
+    }
+}
+
+TEST(ForestLifetimeTest, ARebuildWithoutAFactoryIsReportedAndLeavesNoRowOfTheOldForest)
+{
+    struct Case {
+        ViewMode mode;
+        std::function<void(Browser&)> dropFactory;
+        const char* expression;
+    };
+    const Case cases[] = {
+        {ViewMode::Hierarchical, [](Browser& b) { b.Hierarchical().SetItemFactory(nullptr); }, "itemFactory != nullptr"},
+        {ViewMode::FlatList,
+         [](Browser& b) { static_cast<FlatListView&>(*b.dataView.GetView(ViewMode::FlatList)).SetListItemFactory(nullptr); },
+         "listItemFactory != nullptr"},
+        {ViewMode::TreeAndList, [](Browser& b) { b.TreeAndList().SetTreeItemFactory(nullptr); }, "treeItemFactory != nullptr"},
+    };
+    for (const Case& c : cases) {
+        Browser browser;
+        ShowAllViewsEndingIn(browser, c.mode);
+        c.dropFactory(browser);
+        NK::AssertCapture asserts;
+        browser.dataView.SetItems(BuildForest(Recipes()));
+        const std::vector<std::string> reported = asserts.GetExpressions();
+        EXPECT_NE(std::find(reported.begin(), reported.end(), c.expression), reported.end()) << c.expression;
+        EXPECT_EQ(HeldOutsideTheForest(browser), 0) << c.expression;
+    }
+}
+
+TEST(ForestLifetimeTest, ListRowsWithoutAFactoryAreReportedNotThrown)
+{
+    Browser browser;
+    browser.dataView.SetItems(BuildForest(Recipes()));
+    TreeAndListView& view = browser.TreeAndList();
+    view.SetListItemFactory(nullptr);
+    NK::AssertCapture asserts;
+    NK::Array<const ListBoxItem*> rows;
+    EXPECT_NO_THROW(rows = view.CreateListBoxItems(ModelItem::ToPtrArrayRecursive(browser.dataView.GetItems())));
+    EXPECT_TRUE(rows.IsEmpty());
+    EXPECT_EQ(asserts.GetExpressions(), std::vector<std::string> {"listItemFactory != nullptr"});
+}
+
+TEST(ForestLifetimeTest, NullTopLevelItemsAreReportedAndLeftOut)
+{
+    Browser browser;
+    browser.dataView.ShowCurrentView();
+    NK::Array<NK::Owner<ModelItem>> forest;
+    forest.Push(nullptr);
+    forest.Push(NK::NewOwned<NamedItem>("Recipes"));
+    forest.Push(nullptr);
+    forest.Push(NK::NewOwned<NamedItem>("Pantry"));
+    NK::AssertCapture asserts;
+    browser.dataView.SetItems(std::move(forest));
+    EXPECT_EQ(asserts.GetExpressions(), (std::vector<std::string> {"newItems[i] != nullptr", "newItems[i] != nullptr"}));
+    EXPECT_EQ(Names(ModelItem::ToPtrArray(browser.dataView.GetItems())), "Recipes Pantry");
+    EXPECT_EQ(browser.Table().GetNodeCount(), 2);
+}
+
+// A chain of folders as deep as a client may hand over: built, shown, selected at its bottom
+// and replaced without a call per level anywhere.
+TEST(ForestLifetimeTest, TheHierarchicalViewTakesAChainTwoHundredThousandDeep)
+{
+    constexpr int Depth = 200000;
+    Browser browser;
+    browser.dataView.ShowCurrentView();
+    NK::Array<NK::Owner<ModelItem>> chain;
+    chain.Push(NK::NewOwned<NamedItem>("level 0"));
+    ModelItem* bottom = chain[0].Get();
+    for (int level = 1; level < Depth; ++level) {
+        auto next = NK::NewOwned<NamedItem>("level " + std::to_string(level));
+        ModelItem* added = next.Get();
+        bottom->AddChild(std::move(next));
+        bottom = added;
+    }
+    browser.dataView.SetItems(std::move(chain));
+    EXPECT_EQ(browser.Table().GetNodeCount(), Depth);
+
+    browser.dataView.SetSelection(Selection({bottom}));
+    EXPECT_EQ(browser.Selected(), "level " + std::to_string(Depth - 1));
+    EXPECT_TRUE(browser.Table().IsExpandedItem(IdOf("level 0"))) << "the path to the selection is open";
+
+    browser.dataView.SetItems(BuildForest(Recipes()));
+    EXPECT_EQ(browser.Table().GetNodeCount(), 8);
+}
+
+}  // namespace
