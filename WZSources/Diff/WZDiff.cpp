@@ -1,6 +1,7 @@
 #include "WZSources/Diff/WZDiff.hpp"
 
 #include "WZSources/Diff/WZDiffPairing.hpp"
+#include "WZSources/Diff/WZTreeChildren.hpp"
 
 #include <vector>
 
@@ -11,14 +12,31 @@ Diff::Result Diffing(const NK::Array<const Diffable*>& oldItems, const NK::Array
     return Diff::DiffingWithPairs(oldItems, newItems).result;
 }
 
-Diff::TreeResult TreeDiffing(const NK::Array<const TreeDiffable*>& oldItems,
-                             const NK::Array<const TreeDiffable*>& newItems)
+namespace {
+
+// One level still to compare: its result and the two item arrays.
+struct PendingLevel {
+    Diff::TreeResult* result;
+    NK::Array<const TreeDiffable*> oldItems;
+    NK::Array<const TreeDiffable*> newItems;
+};
+
+// A nested result created for the update under `key` of `parent`, kept only if it has changes.
+struct NestedLevel {
+    Diff::TreeResult* parent;
+    NK::UInt64 key;
+};
+
+// Fills `tree` with the comparison of one level; queues the children of every paired, unmoved
+// item that has children on either side.
+void CompareLevel(Diff::TreeResult& tree, const NK::Array<const TreeDiffable*>& oldItems,
+                  const NK::Array<const TreeDiffable*>& newItems, std::vector<PendingLevel>& pending,
+                  std::vector<NestedLevel>& nested)
 {
     Diff::PairedResult paired = Diff::DiffingWithPairs(oldItems, newItems);
     const Diff::Result& level = paired.result;
     const std::vector<NK::UInt32>& newIndexOfOld = paired.newIndexOfOld;
 
-    Diff::TreeResult tree;
     for (NK::UInt64 index : level.inserted)
         tree.inserted.Add(index);
     for (NK::UInt64 index : level.deleted)
@@ -27,7 +45,7 @@ Diff::TreeResult TreeDiffing(const NK::Array<const TreeDiffable*>& oldItems,
 
     for (NK::UInt64 oldIndex : level.changed) {
         const auto newIndex = static_cast<NK::UInt64>(newIndexOfOld[oldIndex]);
-        tree.updates.Put(newIndex, Diff::TreeResult::Update(true, nullptr));
+        tree.updates.Put(newIndex, Diff::TreeResult::Update(true, nullptr, oldIndex));
     }
 
     // A moved item's subtree is rebuilt by the updater, so its children are not compared.
@@ -39,16 +57,49 @@ Diff::TreeResult TreeDiffing(const NK::Array<const TreeDiffable*>& oldItems,
         const NK::UInt32 newIndex = newIndexOfOld[oldIndex];
         if (newIndex == Diff::IdTable::NoIndex || movedAway[oldIndex])
             continue;
-        const auto key = static_cast<NK::UInt64>(newIndex);
-        Diff::TreeResult children = TreeDiffing(oldItems[oldIndex]->GetDiffableChildren(),
-                                                newItems[key]->GetDiffableChildren());
-        if (!children.HasChanges())
+        NK::Array<const TreeDiffable*> oldChildren = Diff::ChildrenOf(*oldItems[oldIndex]);
+        NK::Array<const TreeDiffable*> newChildren = Diff::ChildrenOf(*newItems[newIndex]);
+        if (oldChildren.IsEmpty() && newChildren.IsEmpty())
             continue;
-        NK::Owner<Diff::TreeResult> subTree = NK::NewOwned<Diff::TreeResult>(std::move(children));
-        if (Diff::TreeResult::Update* update = tree.updates.GetPtr(key))
-            update->subTree = std::move(subTree);
-        else
-            tree.updates.Add(key, Diff::TreeResult::Update(false, std::move(subTree)));
+        const auto key = static_cast<NK::UInt64>(newIndex);
+        Diff::TreeResult::Update* update = tree.updates.GetPtr(key);
+        if (update == nullptr) {
+            tree.updates.Add(key, Diff::TreeResult::Update(false, nullptr, oldIndex));
+            update = tree.updates.GetPtr(key);
+        }
+        update->subTree = NK::NewOwned<Diff::TreeResult>();
+        pending.push_back({update->subTree.Get(), std::move(oldChildren), std::move(newChildren)});
+        nested.push_back({&tree, key});
+    }
+}
+
+}  // namespace
+
+Diff::TreeResult TreeDiffing(const NK::Array<const TreeDiffable*>& oldItems,
+                             const NK::Array<const TreeDiffable*>& newItems)
+{
+    // Every level is compared from an explicit stack, then the nested results without changes
+    // are dropped, deepest first, so that trees of any depth are handled.
+    Diff::TreeResult tree;
+    std::vector<PendingLevel> pending;
+    std::vector<NestedLevel> nested;
+    pending.push_back({&tree, oldItems, newItems});
+    Diff::DropNullItems(pending.back().oldItems);
+    Diff::DropNullItems(pending.back().newItems);
+    while (!pending.empty()) {
+        PendingLevel level = std::move(pending.back());
+        pending.pop_back();
+        CompareLevel(*level.result, level.oldItems, level.newItems, pending, nested);
+    }
+
+    // A nested result is created after its parent's, so walking backwards meets it first.
+    for (auto it = nested.rbegin(); it != nested.rend(); ++it) {
+        Diff::TreeResult::Update& update = it->parent->updates.Get(it->key);
+        if (update.subTree->HasChanges())
+            continue;
+        update.subTree = nullptr;
+        if (!update.itemChanged)
+            it->parent->updates.Delete(it->key);
     }
     return tree;
 }
