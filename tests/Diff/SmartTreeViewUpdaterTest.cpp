@@ -1,4 +1,5 @@
 #include "DiffTestItems.hpp"
+#include "TreeChain.hpp"
 
 #include "NK/NKAssert.hpp"
 #include "QM/QMDialog.hpp"
@@ -18,6 +19,7 @@
 
 namespace {
 
+using DiffTest::ChainLink;
 using DiffTest::Id;
 using DiffTest::TreeNode;
 using Roots = NK::Array<const WZ::TreeDiffable*>;
@@ -60,21 +62,6 @@ public:
         children.Insert(0, nullptr);
         return children;
     }
-};
-
-// A link of a chain that does not own the next link, so that long chains go without recursion.
-class ChainLink : public WZ::TreeDiffable {
-public:
-    ChainLink(NK::UInt64 number, std::string text) : id(Id(number)), text(std::move(text)) {}
-    NK::Guid GetId() const override { return id; }
-    bool IsEqual(const WZ::TreeDiffable& other) const override { return static_cast<const ChainLink&>(other).text == text; }
-    NK::Array<const WZ::TreeDiffable*> GetDiffableChildren() const override
-    {
-        return child != nullptr ? NK::Array<const WZ::TreeDiffable*> {child} : NK::Array<const WZ::TreeDiffable*> {};
-    }
-    NK::Guid id;
-    std::string text;
-    const ChainLink* child = nullptr;
 };
 
 class ChainDecorator : public WZ::UntypedTreeViewDecorator {
@@ -245,7 +232,7 @@ TEST_F(SmartTreeViewUpdaterTest, SiblingsSharingAnIdPairByOccurrence)
     Show({{1, "a", {{5, "x", {}}}}, {1, "a", {{6, "y", {{7, "q'", {}}}}}}});
     EXPECT_EQ(Shown(), (std::vector<std::string> {"a", "  x", "a", "  y", "    q'"}));
 
-    Show({{1, "a", {{2, "b below", {}}}}, {2, "b on top", {}}});
+    Show({{1, "a", {{2, "b below", {}}}}, {2, "b on top", {}}, {3, "c", {{2, "b below", {}}}}});
     EXPECT_EQ(treeView.GetItemText(Node(2)).ToUtf8(), "b on top");
     const int second = treeView.GetItem(Node(1), QM::TreeView::NextSibling);
     treeView.SetItemText(second, "scribbled");
@@ -297,15 +284,8 @@ TEST_F(SmartTreeViewUpdaterTest, AFailedUpdateLeavesNothingHalfShown)
 TEST_F(SmartTreeViewUpdaterTest, DeepChainsAreHandledWithoutRecursion)
 {
     constexpr NK::UInt64 depth = 200000;
-    auto chain = [](std::deque<ChainLink>& links, const std::string& deepestText) {
-        for (NK::UInt64 k = 0; k < depth; ++k)
-            links.emplace_back(100 + k, k + 1 == depth ? deepestText : "link");
-        for (NK::UInt64 k = 0; k + 1 < depth; ++k)
-            links[k].child = &links[k + 1];
-    };
-    std::deque<ChainLink> first, second;
-    chain(first, "end");
-    chain(second, "end changed");
+    const std::deque<ChainLink> first = DiffTest::MakeChain(100, depth, "end");
+    const std::deque<ChainLink> second = DiffTest::MakeChain(100, depth, "end changed");
     ChainLink other(1, "other");
     ChainDecorator chainDecorator;
     WZ::SmartTreeViewUpdater deep(treeView, chainDecorator, nullptr);
