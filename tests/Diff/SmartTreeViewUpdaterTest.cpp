@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <memory>
 #include <random>
@@ -178,12 +179,7 @@ TEST_F(SmartTreeViewUpdaterTest, SelectionComesBackOnTheItemOrItsNearestAncestor
 TEST_F(SmartTreeViewUpdaterTest, NodesWithoutARecordThrowNullReference)
 {
     const int foreign = treeView.AppendItem(QM::TreeView::RootItem);
-    try {
-        updater.RedecorateItem(foreign);
-        FAIL() << "no exception";
-    } catch (const NK::NullReferenceException& e) {
-        EXPECT_STREQ(e.what(), "Null reference.");
-    }
+    EXPECT_THROW(updater.RedecorateItem(foreign), NK::NullReferenceException);
     updater.RedecorateItem(Id(77));  // not shown: nothing happens
     treeView.ExpandItem(foreign);
     WZ::TreeViewAccessor accessor(treeView);
@@ -319,26 +315,17 @@ TEST_F(SmartTreeViewUpdaterTest, RandomUpdatesLeaveTheTreeShowingTheNewForest)
             level = &(*level)[static_cast<std::size_t>(pick(0, static_cast<int>(level->size()) - 1))].children;
         return level;
     };
-    // The forest's nodes in pre-order with their id path, and how often each id occurs.
+    // The forest's nodes in pre-order with their id paths.
     using Walk = std::vector<std::pair<std::vector<NK::UInt64>, const Shape*>>;
-    auto walk = [](const std::vector<Shape>& roots, std::map<NK::UInt64, int>& occurrences) {
-        Walk nodes;
-        std::vector<std::pair<std::vector<NK::UInt64>, const Shape*>> pending;
-        for (auto it = roots.rbegin(); it != roots.rend(); ++it)
-            pending.push_back({{it->number}, &*it});
-        while (!pending.empty()) {
-            auto entry = pending.back();
-            pending.pop_back();
-            nodes.push_back(entry);
-            ++occurrences[entry.second->number];
-            for (auto it = entry.second->children.rbegin(); it != entry.second->children.rend(); ++it) {
-                std::vector<NK::UInt64> path = entry.first;
-                path.push_back(it->number);
-                pending.push_back({path, &*it});
+    std::function<void(const std::vector<Shape>&, std::vector<NK::UInt64>&, Walk&)> walk =
+        [&](const std::vector<Shape>& level, std::vector<NK::UInt64>& path, Walk& nodes) {
+            for (const Shape& shape : level) {
+                path.push_back(shape.number);
+                nodes.push_back({path, &shape});
+                walk(shape.children, path, nodes);
+                path.pop_back();
             }
-        }
-        return nodes;
-    };
+        };
     std::set<std::vector<NK::UInt64>> expandedPaths;
     std::set<NK::UInt64> expandedIds;
     std::map<NK::UInt64, int> oldOccurrences;
@@ -371,8 +358,12 @@ TEST_F(SmartTreeViewUpdaterTest, RandomUpdatesLeaveTheTreeShowingTheNewForest)
         auto result = Show(forest);
         result.RestoreExpandeds();
 
+        Walk expected;
+        std::vector<NK::UInt64> path;
+        walk(forest, path, expected);
         std::map<NK::UInt64, int> occurrences;
-        const Walk expected = walk(forest, occurrences);
+        for (const auto& entry : expected)
+            ++occurrences[entry.second->number];
         WZ::TreeViewAccessor accessor(treeView);
         const NK::Array<int> nodes = accessor.GetAllChildren(QM::TreeView::RootItem);
         ASSERT_EQ(nodes.GetSize(), expected.size() + 1) << "round " << round;

@@ -210,31 +210,6 @@ TEST_F(QMTreeViewTest, ObserversHearSelectionExpansionAndEditsWithTheirOrigin)
     EXPECT_EQ(multi.GetEditedItem(), Tree::NoItem);
 }
 
-TEST_F(QMTreeViewTest, JournalCountsStructuralAndStylingCalls)
-{
-    single.DisableDraw();
-    int a = single.AppendItem(0);
-    int b = single.InsertItem(0, a);
-    single.InsertItem(a, Tree::FirstPosition);
-    single.SetItemText(b, "b");
-    single.SetItemNormalIcon(b, QM::Icon(1, 1));
-    single.SetItemFontStyle(b, QM::Font::Bold);
-    single.ResetItemColor(b);
-    single.SetItemObjectData(b, NK::NewRef<NK::Object>());
-    single.ExpandItem(a);
-    single.CollapseItem(a);
-    single.SelectItem(b);
-    single.DeleteItem(a);
-    single.EnableDraw();
-    single.RedrawItem(b);
-    single.Redraw();
-    single.BeginItemEdit(b);
-    EXPECT_EQ(single.GetJournal().ToString(),
-              "InsertItem=3 DeleteItem=1 SetItemObjectData=1 SetText=1 SetIcon=1 SetStyle=2 Select=1 Expand=1 "
-              "Collapse=1 DisableDraw=1 EnableDraw=1 Redraw=1 RedrawItem=1 BeginItemEdit=1");
-    EXPECT_TRUE(single.IsDrawEnabled());
-}
-
 TEST_F(QMTreeViewTest, RendersIndentedNodesWithOpenClosedAndSelectionMarks)
 {
     int docs = Add(single, 0, Tree::LastPosition, "Documents");
