@@ -107,6 +107,20 @@ void SmartTreeViewUpdater::WriteNode(int node, const TreeDiffable& item)
     treeView.SetItemObjectData(node, Diff::MakeItemData(item.GetId(), &item));
 }
 
+void SmartTreeViewUpdater::WriteNewNode(int node, const TreeDiffable& item)
+{
+    // A new node that cannot be written goes again, so that no node is left without a record.
+    try {
+        WriteNode(node, item);
+    } catch (...) {
+        try {
+            treeView.DeleteItem(node);
+        } catch (...) {
+        }
+        throw;
+    }
+}
+
 void SmartTreeViewUpdater::InsertSubTree(int parent, const NK::Array<const TreeDiffable*>& children)
 {
     // Pre-order, depth first, from an explicit stack of levels.
@@ -125,7 +139,7 @@ void SmartTreeViewUpdater::InsertSubTree(int parent, const NK::Array<const TreeD
         }
         const TreeDiffable& child = *level.children[level.next++];
         const int node = treeView.AppendItem(level.parent);
-        WriteNode(node, child);
+        WriteNewNode(node, child);
         indexMap->Add(node, child.GetId());
         NK::Array<const TreeDiffable*> grandChildren = Diff::ChildrenOf(child);
         if (!grandChildren.IsEmpty())
@@ -219,7 +233,7 @@ bool SmartTreeViewUpdater::UpdateLevel(int parent, const NK::Array<const TreeDif
         const int node = accessor.InsertChild(parent, static_cast<unsigned>(index), shown, previous);
         nodes[index] = node;
         ++shown;
-        WriteNode(node, item);
+        WriteNewNode(node, item);
         InsertSubTree(node, Diff::ChildrenOf(item));
     }
 

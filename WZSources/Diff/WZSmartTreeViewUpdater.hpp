@@ -123,6 +123,8 @@ public:
 
 private:
     void WriteNode(int node, const TreeDiffable& item);
+    // WriteNode for a node just inserted, which is deleted again when writing it fails.
+    void WriteNewNode(int node, const TreeDiffable& item);
     void InsertSubTree(int parent, const NK::Array<const TreeDiffable*>& children);
     void UpdateSubTree(int parent, const NK::Array<const TreeDiffable*>& oldChildren,
                        const NK::Array<const TreeDiffable*>& newChildren, const Diff::TreeResult& changes,

@@ -261,7 +261,7 @@ TEST_F(SmartTreeViewUpdaterTest, AFailedUpdateLeavesNothingHalfShown)
     std::vector<const WZ::TreeDiffable*> given;
     WZ::SmartTreeViewUpdater owning(treeView, decorator, NK::NewOwned<RecordingDeallocator>(given));
     const Roots first = Build({{1, "a", {{11, "a1", {}}}}, {2, "b", {}}});
-    const Roots second = Build({{1, "a", {{11, "a1", {}}, {12, "bad", {}}}}, {3, "c", {}}});
+    const Roots second = Build({{1, "a", {{11, "a1", {}}, {12, "a2", {}}}}, {3, "bad", {}}});
     owning.SetRootItems(Roots(first));
     decorator.throwOn = "bad";
     EXPECT_THROW(owning.SetRootItems(Roots(second)), std::runtime_error);
