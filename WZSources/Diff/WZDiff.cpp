@@ -27,12 +27,66 @@ struct NestedLevel {
     NK::UInt64 key;
 };
 
+// Queues the comparison of the children of the paired items old `oldIndex` and new `newIndex`,
+// unless both have none.
+void QueueChildren(Diff::TreeResult& tree, const TreeDiffable& oldItem, const TreeDiffable& newItem,
+                   NK::UInt64 oldIndex, NK::UInt64 newIndex, std::vector<PendingLevel>& pending,
+                   std::vector<NestedLevel>& nested)
+{
+    NK::Array<const TreeDiffable*> oldChildren = Diff::ChildrenOf(oldItem);
+    NK::Array<const TreeDiffable*> newChildren = Diff::ChildrenOf(newItem);
+    if (oldChildren.IsEmpty() && newChildren.IsEmpty())
+        return;
+    Diff::TreeResult::Update* update = tree.updates.GetPtr(newIndex);
+    if (update == nullptr) {
+        tree.updates.Add(newIndex, Diff::TreeResult::Update(false, nullptr, oldIndex));
+        update = tree.updates.GetPtr(newIndex);
+    }
+    update->subTree = NK::NewOwned<Diff::TreeResult>();
+    pending.push_back({update->subTree.Get(), std::move(oldChildren), std::move(newChildren)});
+    nested.push_back({&tree, newIndex});
+}
+
+// A level whose ids are the same in the same order, the usual case below an unchanged item:
+// every item pairs with the one at its own index, nothing is inserted, deleted or moved, so the
+// comparison is the content test alone (an id counts as changed when any of its pairs differs).
+bool CompareAlignedLevel(Diff::TreeResult& tree, const NK::Array<const TreeDiffable*>& oldItems,
+                         const NK::Array<const TreeDiffable*>& newItems, std::vector<PendingLevel>& pending,
+                         std::vector<NestedLevel>& nested)
+{
+    const NK::UIndex count = oldItems.GetSize();
+    if (newItems.GetSize() != count)
+        return false;
+    std::vector<NK::Guid> ids(count);
+    for (NK::UIndex index = 0; index < count; ++index) {
+        ids[index] = newItems[index]->GetId();
+        if (oldItems[index]->GetId() != ids[index])
+            return false;
+    }
+    NK::HashSet<NK::Guid> changedIds;
+    for (NK::UIndex index = 0; index < count; ++index) {
+        const Diffable* oldItem = oldItems[index];
+        const Diffable* newItem = newItems[index];
+        if (oldItem != newItem && !newItem->IsEqual(*oldItem))
+            changedIds.Add(ids[index]);
+    }
+    if (!changedIds.IsEmpty())
+        for (NK::UIndex index = 0; index < count; ++index)
+            if (changedIds.Contains(ids[index]))
+                tree.updates.Add(index, Diff::TreeResult::Update(true, nullptr, index));
+    for (NK::UIndex index = 0; index < count; ++index)
+        QueueChildren(tree, *oldItems[index], *newItems[index], index, index, pending, nested);
+    return true;
+}
+
 // Fills `tree` with the comparison of one level; queues the children of every paired, unmoved
 // item that has children on either side.
 void CompareLevel(Diff::TreeResult& tree, const NK::Array<const TreeDiffable*>& oldItems,
                   const NK::Array<const TreeDiffable*>& newItems, std::vector<PendingLevel>& pending,
                   std::vector<NestedLevel>& nested)
 {
+    if (CompareAlignedLevel(tree, oldItems, newItems, pending, nested))
+        return;
     Diff::PairedResult paired = Diff::DiffingWithPairs(oldItems, newItems);
     const Diff::Result& level = paired.result;
     const std::vector<NK::UInt32>& newIndexOfOld = paired.newIndexOfOld;
@@ -57,19 +111,7 @@ void CompareLevel(Diff::TreeResult& tree, const NK::Array<const TreeDiffable*>& 
         const NK::UInt32 newIndex = newIndexOfOld[oldIndex];
         if (newIndex == Diff::IdTable::NoIndex || movedAway[oldIndex])
             continue;
-        NK::Array<const TreeDiffable*> oldChildren = Diff::ChildrenOf(*oldItems[oldIndex]);
-        NK::Array<const TreeDiffable*> newChildren = Diff::ChildrenOf(*newItems[newIndex]);
-        if (oldChildren.IsEmpty() && newChildren.IsEmpty())
-            continue;
-        const auto key = static_cast<NK::UInt64>(newIndex);
-        Diff::TreeResult::Update* update = tree.updates.GetPtr(key);
-        if (update == nullptr) {
-            tree.updates.Add(key, Diff::TreeResult::Update(false, nullptr, oldIndex));
-            update = tree.updates.GetPtr(key);
-        }
-        update->subTree = NK::NewOwned<Diff::TreeResult>();
-        pending.push_back({update->subTree.Get(), std::move(oldChildren), std::move(newChildren)});
-        nested.push_back({&tree, key});
+        QueueChildren(tree, *oldItems[oldIndex], *newItems[newIndex], oldIndex, newIndex, pending, nested);
     }
 }
 
