@@ -7,6 +7,7 @@
 #include "QM/QMDialog.hpp"
 #include "QM/QMListBox.hpp"
 #include "WZSources/Diff/WZSmartListBoxUpdater.hpp"
+#include "WZSources/Diff/WZSmartTreeViewUpdater.hpp"
 
 #include <benchmark/benchmark.h>
 
@@ -126,5 +127,65 @@ void BM_ClearAndRefill(benchmark::State& state)
 
 BENCHMARK(BM_SmartListBoxUpdater_SetItems)->ArgName("rows")->Arg(1000)->Arg(10000)->Arg(32700)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ClearAndRefill)->ArgName("rows")->Arg(1000)->Arg(10000)->Arg(32700)->Unit(benchmark::kMillisecond);
+
+// The smart tree view updater inserting many siblings into one level of a tree view: range(0)
+// new children under one parent that already has none (appended) or range(0) of its children
+// (interleaved, every other one new). Only the inserting update is timed; the one that takes
+// the new children away again is not.
+class TreeItem : public WZ::TreeDiffable {
+public:
+    TreeItem(NK::UInt64 number, std::string text) : id(NK::Guid::FromNumber(0x7EE5, number)), text(std::move(text)) {}
+    NK::Guid GetId() const override { return id; }
+    bool IsEqual(const WZ::TreeDiffable& other) const override { return static_cast<const TreeItem&>(other).text == text; }
+    NK::Array<const WZ::TreeDiffable*> GetDiffableChildren() const override { return children; }
+    const std::string& GetText() const { return text; }
+    NK::Array<const WZ::TreeDiffable*> children;
+
+private:
+    NK::Guid id;
+    std::string text;
+};
+
+class TreeTextDecorator : public WZ::UntypedTreeViewDecorator {
+public:
+    void Decorate(QM::TreeView& treeView, int node, const WZ::TreeDiffable& item) override
+    {
+        treeView.SetItemText(node, static_cast<const TreeItem&>(item).GetText().c_str());
+    }
+};
+
+void BM_SmartTreeViewUpdater_InsertSiblings(benchmark::State& state)
+{
+    const auto count = static_cast<NK::UInt64>(state.range(0));
+    const bool interleaved = state.range(1) != 0;
+    std::deque<TreeItem> store;
+    TreeItem& without = store.emplace_back(0, "archive");
+    TreeItem& with = store.emplace_back(0, "archive");
+    for (NK::UInt64 i = 1; i <= count; ++i) {
+        const TreeItem* child = &store.emplace_back(i, "document " + std::to_string(i));
+        with.children.Push(child);
+        if (interleaved && i % 2 == 0)
+            without.children.Push(child);
+    }
+    QM::Dialog dialog;
+    QM::TreeView treeView {dialog, QM::Rect(0, 0, 300, 400)};
+    TreeTextDecorator decorator;
+    WZ::SmartTreeViewUpdater updater(treeView, decorator, nullptr);
+    updater.SetRootItems({&without});
+    for (auto _ : state) {
+        updater.SetRootItems({&with});
+        state.PauseTiming();
+        updater.SetRootItems({&without});
+        state.ResumeTiming();
+    }
+    state.counters["inserted"] = static_cast<double>(interleaved ? count - count / 2 : count);
+}
+
+BENCHMARK(BM_SmartTreeViewUpdater_InsertSiblings)
+    ->ArgNames({"siblings", "interleaved"})
+    ->Args({10000, 0})
+    ->Args({100000, 0})
+    ->Args({100000, 1})
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -21,14 +21,15 @@ bool Result::HasChanges() const noexcept
     return !inserted.IsEmpty() || !deleted.IsEmpty() || !changed.IsEmpty() || !moved.IsEmpty();
 }
 
-TreeResult::Update::Update(bool itemChanged, NK::Owner<TreeResult> subTree)
-    : itemChanged(itemChanged), subTree(std::move(subTree))
+TreeResult::Update::Update(bool itemChanged, NK::Owner<TreeResult> subTree, NK::UInt64 oldIndex)
+    : itemChanged(itemChanged), subTree(std::move(subTree)), oldIndex(oldIndex)
 {
 }
 
 TreeResult::Update::Update(const Update& other)
     : itemChanged(other.itemChanged),
-      subTree(other.subTree ? NK::NewOwned<TreeResult>(*other.subTree) : NK::Owner<TreeResult>())
+      subTree(other.subTree ? NK::NewOwned<TreeResult>(*other.subTree) : NK::Owner<TreeResult>()),
+      oldIndex(other.oldIndex)
 {
 }
 
@@ -42,6 +43,55 @@ TreeResult::Update& TreeResult::Update::operator=(const Update& other)
 }
 
 TreeResult::Update::~Update() = default;
+
+TreeResult::TreeResult(const TreeResult& other)
+{
+    // Level by level: each level's updates are copied without their nested results, which are
+    // then filled from the stack.
+    std::vector<std::pair<TreeResult*, const TreeResult*>> pending {{this, &other}};
+    while (!pending.empty()) {
+        auto [target, source] = pending.back();
+        pending.pop_back();
+        target->inserted = source->inserted;
+        target->deleted = source->deleted;
+        target->moved = source->moved;
+        for (const auto& [index, update] : source->updates) {
+            Update copy(update.itemChanged, nullptr, update.oldIndex);
+            if (update.subTree) {
+                copy.subTree = NK::NewOwned<TreeResult>();
+                pending.emplace_back(copy.subTree.Get(), update.subTree.Get());
+            }
+            target->updates.Add(index, std::move(copy));
+        }
+    }
+}
+
+TreeResult& TreeResult::operator=(const TreeResult& other)
+{
+    if (this != &other) {
+        TreeResult copy(other);
+        *this = std::move(copy);
+    }
+    return *this;
+}
+
+TreeResult::~TreeResult()
+{
+    std::vector<NK::Owner<TreeResult>> pending;
+    TakeSubTrees(*this, pending);
+    while (!pending.empty()) {
+        NK::Owner<TreeResult> next = std::move(pending.back());
+        pending.pop_back();
+        TakeSubTrees(*next, pending);
+    }  // each nested result is destroyed with nothing left below it
+}
+
+void TreeResult::TakeSubTrees(TreeResult& result, std::vector<NK::Owner<TreeResult>>& pending)
+{
+    for (auto& entry : result.updates)
+        if (entry.second.subTree)
+            pending.push_back(std::move(entry.second.subTree));
+}
 
 bool TreeResult::HasChanges() const noexcept
 {

@@ -13,6 +13,8 @@
 #include "NK/NKTypes.hpp"
 #include "WZSources/Diff/WZIndexMap.hpp"
 
+#include <vector>
+
 namespace WZ::Diff {
 
 // A paired item whose new index is not the one that the insertions and deletions before it give.
@@ -36,13 +38,16 @@ struct Result {
     bool HasChanges() const noexcept;
 };
 
+// Results nest as deep as the compared trees; copying and destruction walk them with explicit
+// stacks, so that a chain of any depth is handled.
 struct TreeResult {
     struct Update {
         bool itemChanged = false;          // the item's own content differs
         NK::Owner<TreeResult> subTree;     // the comparison of its children; null when they are alike
+        NK::UInt64 oldIndex = 0;           // the index of the item's partner in the old sequence
 
         Update() = default;
-        Update(bool itemChanged, NK::Owner<TreeResult> subTree);
+        Update(bool itemChanged, NK::Owner<TreeResult> subTree, NK::UInt64 oldIndex = 0);
         Update(const Update& other);
         Update& operator=(const Update& other);
         Update(Update&&) noexcept = default;
@@ -55,7 +60,18 @@ struct TreeResult {
     NK::SkipMap<NK::UInt64, Update> updates;       // by new index
     NK::HashSet<Move> moved;
 
+    TreeResult() = default;
+    TreeResult(const TreeResult& other);
+    TreeResult(TreeResult&& other) noexcept = default;
+    TreeResult& operator=(const TreeResult& other);
+    TreeResult& operator=(TreeResult&& other) noexcept = default;
+    ~TreeResult();
+
     bool HasChanges() const noexcept;
+
+private:
+    // Moves every nested result out of `result` into `pending`.
+    static void TakeSubTrees(TreeResult& result, std::vector<NK::Owner<TreeResult>>& pending);
 };
 
 }  // namespace WZ::Diff

@@ -1,9 +1,17 @@
+#define NK_SOURCE_PATH "WZSources\\Diff\\WZSmartTreeViewUpdater"
+
 #include "WZSources/Diff/WZSmartTreeViewUpdater.hpp"
+
+#include "NK/NKAssert.hpp"
 
 #include "WZSources/Diff/WZDiff.hpp"
 #include "WZSources/Diff/WZItemData.hpp"
+#include "WZSources/Diff/WZTreeChildren.hpp"
 
+#include <algorithm>
 #include <deque>
+#include <unordered_set>
+#include <vector>
 
 namespace WZ {
 
@@ -26,37 +34,71 @@ SmartTreeViewUpdater::SmartTreeViewUpdater(QM::TreeView& treeView, UntypedTreeVi
 
 SmartTreeViewUpdater::~SmartTreeViewUpdater()
 {
-    if (deallocator)
-        for (const TreeDiffable* root : roots)
-            deallocator->Deallocate(root);
+    try {
+        DeallocateExcept(roots, {});
+    } catch (...) {
+        NK_ASSERT_TEXT(false, "deallocation of the shown items threw");
+    }
 }
 
-SmartTreeViewUpdater::UpdateResult SmartTreeViewUpdater::SetRootItems(NK::Array<const TreeDiffable*>&& newRoots)
+SmartTreeViewUpdater::UpdateResult SmartTreeViewUpdater::SetRootItems(NK::Array<const TreeDiffable*>&& givenRoots)
 {
+    NK::Array<const TreeDiffable*> newRoots = std::move(givenRoots);
+    Diff::DropNullItems(newRoots);
     Diff::TreeResult changes = TreeDiffing(roots, newRoots);
     UpdateResult result(treeView, *indexMap, accessor);
     result.StoreSelectedChain();
 
-    UpdateSubTree(QM::TreeView::RootItem, roots, newRoots, changes, result);
+    try {
+        UpdateSubTree(QM::TreeView::RootItem, roots, newRoots, changes, result);
+        itemMap.Clear();
+        MapForest(newRoots);
+    } catch (...) {
+        Abandon(newRoots);
+        throw;
+    }
 
-    itemMap.Clear();
-    MapForest(newRoots);
-
-    if (deallocator)
-        for (const TreeDiffable* root : roots)
-            deallocator->Deallocate(root);
-
+    NK::Array<const TreeDiffable*> oldRoots = std::move(roots);
     roots = std::move(newRoots);
     RebuildIndexMap();
-
-    // Nodes that were not written still point at the old items; every node is pointed at the
-    // new item of its id.
-    for (const auto& entry : indexMap->indexToId) {
-        const TreeDiffable* const* item = itemMap.GetPtr(entry.second);
-        if (item != nullptr)
-            treeView.SetItemObjectData(entry.first, Diff::MakeItemData(entry.second, *item));
-    }
+    // Old roots are freed last, once no node and no map refers to them; a root that is shown
+    // again is kept.
+    DeallocateExcept(oldRoots, roots);
     return result;
+}
+
+void SmartTreeViewUpdater::DeallocateExcept(const NK::Array<const TreeDiffable*>& items,
+                                            const NK::Array<const TreeDiffable*>& kept)
+{
+    if (!deallocator)
+        return;
+    std::unordered_set<const TreeDiffable*> done(kept.begin(), kept.end());
+    for (const TreeDiffable* item : items)
+        if (done.insert(item).second)
+            deallocator->Deallocate(item);
+}
+
+void SmartTreeViewUpdater::Abandon(const NK::Array<const TreeDiffable*>& newRoots)
+{
+    // Neither the old nor the new forest is shown whole: the updater's nodes go, both maps are
+    // emptied, and the items it owns (old and new) are freed. Failures while cleaning up are
+    // dropped in favour of the exception that is on its way.
+    for (int node : accessor.GetChildren(QM::TreeView::RootItem)) {
+        try {
+            if (treeView.GetItemObjectData(node) != nullptr)
+                treeView.DeleteItem(node);
+        } catch (...) {
+        }
+    }
+    indexMap->Clear();
+    itemMap.Clear();
+    NK::Array<const TreeDiffable*> oldRoots = std::move(roots);
+    roots.Clear();
+    try {
+        DeallocateExcept(oldRoots, newRoots);
+        DeallocateExcept(newRoots, {});
+    } catch (...) {
+    }
 }
 
 void SmartTreeViewUpdater::WriteNode(int node, const TreeDiffable& item)
@@ -65,13 +107,43 @@ void SmartTreeViewUpdater::WriteNode(int node, const TreeDiffable& item)
     treeView.SetItemObjectData(node, Diff::MakeItemData(item.GetId(), &item));
 }
 
+void SmartTreeViewUpdater::WriteNewNode(int node, const TreeDiffable& item)
+{
+    // A new node that cannot be written goes again, so that no node is left without a record.
+    try {
+        WriteNode(node, item);
+    } catch (...) {
+        try {
+            treeView.DeleteItem(node);
+        } catch (...) {
+        }
+        throw;
+    }
+}
+
 void SmartTreeViewUpdater::InsertSubTree(int parent, const NK::Array<const TreeDiffable*>& children)
 {
-    for (const TreeDiffable* child : children) {
-        const int node = treeView.AppendItem(parent);
-        WriteNode(node, *child);
-        indexMap->Add(node, child->GetId());
-        InsertSubTree(node, child->GetDiffableChildren());
+    // Pre-order, depth first, from an explicit stack of levels.
+    struct Level {
+        int parent;
+        NK::Array<const TreeDiffable*> children;
+        NK::UIndex next;
+    };
+    std::vector<Level> levels;
+    levels.push_back({parent, children, 0});
+    while (!levels.empty()) {
+        Level& level = levels.back();
+        if (level.next == level.children.GetSize()) {
+            levels.pop_back();
+            continue;
+        }
+        const TreeDiffable& child = *level.children[level.next++];
+        const int node = treeView.AppendItem(level.parent);
+        WriteNewNode(node, child);
+        indexMap->Add(node, child.GetId());
+        NK::Array<const TreeDiffable*> grandChildren = Diff::ChildrenOf(child);
+        if (!grandChildren.IsEmpty())
+            levels.push_back({node, std::move(grandChildren), 0});  // `level` is not used after this
     }
 }
 
@@ -79,18 +151,92 @@ void SmartTreeViewUpdater::UpdateSubTree(int parent, const NK::Array<const TreeD
                                          const NK::Array<const TreeDiffable*>& newChildren,
                                          const Diff::TreeResult& changes, UpdateResult& result)
 {
-    NK::Array<int> nodes = accessor.GetChildren(parent);
-    for (auto it = changes.deleted.rbegin(); it != changes.deleted.rend(); ++it)
-        treeView.DeleteItem(nodes[*it]);
+    // Levels are updated in the order a recursion would take: a level's structure first, then
+    // its updates ascending, each one's levels below before the next update.
+    using UpdateIterator = NK::SkipMap<NK::UInt64, Diff::TreeResult::Update>::const_iterator;
+    struct Level {
+        NK::Array<const TreeDiffable*> oldChildren;
+        NK::Array<const TreeDiffable*> newChildren;
+        NK::Array<int> nodes;  // in step with newChildren
+        UpdateIterator next;
+        UpdateIterator end;
+    };
+    std::vector<Level> levels;
+    auto enter = [&](int levelParent, NK::Array<const TreeDiffable*> levelOld, NK::Array<const TreeDiffable*> levelNew,
+                     const Diff::TreeResult& levelChanges) {
+        Level level {std::move(levelOld), std::move(levelNew), {}, levelChanges.updates.begin(), levelChanges.updates.end()};
+        if (!UpdateLevel(levelParent, level.oldChildren, level.newChildren, levelChanges, result, level.nodes))
+            level.next = level.end;
+        levels.push_back(std::move(level));
+    };
+    enter(parent, oldChildren, newChildren, changes);
+    while (!levels.empty()) {
+        Level& level = levels.back();
+        if (level.next == level.end) {
+            levels.pop_back();
+            continue;
+        }
+        const auto& [index, update] = *level.next++;
+        const int node = level.nodes[index];
+        const TreeDiffable& item = *level.newChildren[index];
+        if (update.itemChanged)
+            decorator.Decorate(treeView, node, item);
+        if (update.subTree) {
+            // The partner the comparison paired, which also tells apart siblings of one id.
+            const TreeDiffable& oldPartner = *level.oldChildren[update.oldIndex];
+            enter(node, Diff::ChildrenOf(oldPartner), Diff::ChildrenOf(item), *update.subTree);  // `level` is stale now
+        }
+    }
+}
 
-    for (NK::UInt64 index : changes.inserted) {
-        const TreeDiffable& item = *newChildren[index];
-        const int node = accessor.GetInsertItem(parent, static_cast<unsigned>(index));
-        WriteNode(node, item);
-        InsertSubTree(node, item.GetDiffableChildren());
+bool SmartTreeViewUpdater::UpdateLevel(int parent, const NK::Array<const TreeDiffable*>& oldChildren,
+                                       const NK::Array<const TreeDiffable*>& newChildren,
+                                       const Diff::TreeResult& changes, UpdateResult& result, NK::Array<int>& nodes)
+{
+    NK::Array<int> oldNodes = accessor.GetChildren(parent);
+    if (!NK_ASSERT(oldNodes.GetSize() == oldChildren.GetSize())) {
+        // The level was changed behind the updater's back: it is rebuilt.
+        for (int node : oldNodes)
+            treeView.DeleteItem(node);
+        InsertSubTree(parent, newChildren);
+        nodes = accessor.GetChildren(parent);
+        return false;
     }
 
-    nodes = accessor.GetChildren(parent);
+    for (auto it = changes.deleted.rbegin(); it != changes.deleted.rend(); ++it)
+        treeView.DeleteItem(oldNodes[*it]);
+
+    // The kept nodes take the new indices that are not inserted, in order; the level is then
+    // filled ascending, so the node before each insertion is known without walking the level.
+    nodes.SetSize(newChildren.GetSize());
+    NK::UIndex shown = 0;
+    {
+        auto deleted = changes.deleted.begin();
+        auto inserted = changes.inserted.begin();
+        NK::UIndex target = 0;
+        for (NK::UIndex old = 0; old < oldNodes.GetSize(); ++old) {
+            if (deleted != changes.deleted.end() && *deleted == old) {
+                ++deleted;
+                continue;
+            }
+            while (inserted != changes.inserted.end() && *inserted == target) {
+                ++inserted;
+                ++target;
+            }
+            nodes[target++] = oldNodes[old];
+            ++shown;
+        }
+    }
+    for (NK::UInt64 index : changes.inserted) {
+        const TreeDiffable& item = *newChildren[index];
+        const int previous = index > 0 ? nodes[index - 1] : QM::TreeView::NoItem;
+        const int node = accessor.InsertChild(parent, static_cast<unsigned>(index), shown, previous);
+        nodes[index] = node;
+        ++shown;
+        WriteNewNode(node, item);
+        InsertSubTree(node, Diff::ChildrenOf(item));
+    }
+
     for (const Diff::Move& move : changes.moved) {
         const int node = nodes[move.to];
         const TreeDiffable& item = *newChildren[move.to];
@@ -99,48 +245,59 @@ void SmartTreeViewUpdater::UpdateSubTree(int parent, const NK::Array<const TreeD
         WriteNode(node, item);
         for (int child : accessor.GetChildren(node))
             treeView.DeleteItem(child);
-        InsertSubTree(node, item.GetDiffableChildren());
+        InsertSubTree(node, Diff::ChildrenOf(item));
     }
-
-    if (changes.updates.IsEmpty())
-        return;
-    NK::HashTable<NK::Guid, NK::UIndex> oldIndexOfId;
-    oldIndexOfId.EnsureSize(oldChildren.GetSize());
-    for (NK::UIndex index = 0; index < oldChildren.GetSize(); ++index)
-        oldIndexOfId.Add(oldChildren[index]->GetId(), index);
-
-    for (const auto& [index, update] : changes.updates) {
-        const int node = nodes[index];
-        const TreeDiffable& item = *newChildren[index];
-        if (update.itemChanged)
-            decorator.Decorate(treeView, node, item);
-        if (update.subTree) {
-            const TreeDiffable& oldPartner = *oldChildren[oldIndexOfId.Get(item.GetId())];
-            UpdateSubTree(node, oldPartner.GetDiffableChildren(), item.GetDiffableChildren(), *update.subTree, result);
-        }
-    }
+    return true;
 }
 
 void SmartTreeViewUpdater::MapForest(const NK::Array<const TreeDiffable*>& items)
 {
-    for (const TreeDiffable* item : items) {
+    std::vector<const TreeDiffable*> pending(items.begin(), items.end());
+    std::reverse(pending.begin(), pending.end());
+    while (!pending.empty()) {
+        const TreeDiffable* item = pending.back();
+        pending.pop_back();
         itemMap.Add(item->GetId(), item);
-        MapForest(item->GetDiffableChildren());
+        NK::Array<const TreeDiffable*> children = Diff::ChildrenOf(*item);
+        pending.insert(pending.end(), children.AsStdVector().rbegin(), children.AsStdVector().rend());
     }
 }
 
 void SmartTreeViewUpdater::RebuildIndexMap()
 {
+    // Breadth first, so that an id shown at several nodes maps back to the shallowest, earliest
+    // one. The nodes now show the new forest, so each node's record is renewed with the item at
+    // the same place; a level that does not match (nodes added behind the updater's back) falls
+    // back to the records, and nodes without one are left out.
     indexMap->Clear();
-    std::deque<int> pending {QM::TreeView::RootItem};
+    struct Pending {
+        int node;
+        const TreeDiffable* item;  // null when the node's item is to be found by its record
+    };
+    std::deque<Pending> pending;
+    auto enqueueLevel = [&](int parent, const NK::Array<const TreeDiffable*>* items) {
+        NK::Array<int> children = accessor.GetChildren(parent);
+        const bool matching = items != nullptr && items->GetSize() == children.GetSize();
+        for (NK::UIndex k = 0; k < children.GetSize(); ++k)
+            pending.push_back({children[k], matching ? (*items)[k] : nullptr});
+    };
+    enqueueLevel(QM::TreeView::RootItem, &roots);
     while (!pending.empty()) {
-        const int parent = pending.front();
+        const Pending entry = pending.front();
         pending.pop_front();
-        for (int node = accessor.GetFirstChildItem(parent); node != QM::TreeView::NoItem;
-             node = accessor.GetNextSiblingItem(node)) {
-            indexMap->Add(node, Diff::ReadItemData(treeView.GetItemObjectData(node)).id);
-            pending.push_back(node);
+        const TreeDiffable* item = entry.item;
+        if (item == nullptr) {
+            const auto* record = dynamic_cast<const Diff::ItemData*>(treeView.GetItemObjectData(entry.node).Get());
+            if (record == nullptr)
+                continue;
+            item = GetTreeViewItem(record->id);
+            if (item == nullptr)
+                continue;
         }
+        indexMap->Add(entry.node, item->GetId());
+        treeView.SetItemObjectData(entry.node, Diff::MakeItemData(item->GetId(), item));
+        const NK::Array<const TreeDiffable*> children = Diff::ChildrenOf(*item);
+        enqueueLevel(entry.node, &children);
     }
 }
 

@@ -12,9 +12,18 @@
 // to the updated tree. The result refers to the updater and its tree view and must not outlive
 // them.
 //
-// With a deallocator the updater owns its items: on each update every old root is passed to
-// Deallocate once (the deallocator frees what lies below a root), and so are the shown roots on
-// destruction.
+// With a deallocator the updater owns its items: after each update every old root that is not
+// among the new roots is passed to Deallocate once (the deallocator frees what lies below a
+// root), and so are the shown roots on destruction. Handing the same root pointers again keeps
+// them.
+//
+// Every operation that takes a forest walks it with explicit stacks, so trees of any depth are
+// handled. Null entries among the roots or in an item's children are reported and left out.
+// Siblings that share an id are told apart by occurrence order, as the comparison pairs them.
+// When a decorator, an observer of the tree view or the items themselves throw during an
+// update, the updater removes its nodes, empties its maps, frees the items it owns (old and
+// new) and lets the exception through: it then shows nothing, consistently, until the next
+// SetRootItems.
 #pragma once
 
 #include "NK/NKArray.hpp"
@@ -114,12 +123,24 @@ public:
 
 private:
     void WriteNode(int node, const TreeDiffable& item);
+    // WriteNode for a node just inserted, which is deleted again when writing it fails.
+    void WriteNewNode(int node, const TreeDiffable& item);
     void InsertSubTree(int parent, const NK::Array<const TreeDiffable*>& children);
     void UpdateSubTree(int parent, const NK::Array<const TreeDiffable*>& oldChildren,
                        const NK::Array<const TreeDiffable*>& newChildren, const Diff::TreeResult& changes,
                        UpdateResult& result);
+    // Brings one level in step: deletions, insertions and moves. Fills `nodes` with the level's
+    // nodes in step with `newChildren`; false when the level had to be rebuilt whole.
+    bool UpdateLevel(int parent, const NK::Array<const TreeDiffable*>& oldChildren,
+                     const NK::Array<const TreeDiffable*>& newChildren, const Diff::TreeResult& changes,
+                     UpdateResult& result, NK::Array<int>& nodes);
     void MapForest(const NK::Array<const TreeDiffable*>& items);
+    // Refills the index map from the nodes, breadth first, and renews every node's record.
     void RebuildIndexMap();
+    // Passes each of `items` that is not among `kept` to the deallocator, once.
+    void DeallocateExcept(const NK::Array<const TreeDiffable*>& items, const NK::Array<const TreeDiffable*>& kept);
+    // After a failed update: removes the updater's nodes, empties its maps and frees what it owns.
+    void Abandon(const NK::Array<const TreeDiffable*>& newRoots);
 
     NK::Array<const TreeDiffable*> roots;
     TreeViewAccessor accessor;

@@ -16,16 +16,22 @@ NK::Array<int> TreeViewAccessor::GetChildren(int parent) const
 
 NK::Array<int> TreeViewAccessor::GetAllChildren(int item) const
 {
+    // Pre-order from an explicit stack: the next node is the first child, else the next sibling
+    // of the nearest node on the way back up that has one.
     NK::Array<int> nodes;
-    AppendSubtree(item, nodes);
-    return nodes;
-}
-
-void TreeViewAccessor::AppendSubtree(int item, NK::Array<int>& nodes) const
-{
     nodes.Push(item);
-    for (int child = GetFirstChildItem(item); child != QM::TreeView::NoItem; child = GetNextSiblingItem(child))
-        AppendSubtree(child, nodes);
+    int current = GetFirstChildItem(item);
+    while (current != QM::TreeView::NoItem) {
+        nodes.Push(current);
+        int next = GetFirstChildItem(current);
+        while (next == QM::TreeView::NoItem && current != item) {
+            next = GetNextSiblingItem(current);
+            if (next == QM::TreeView::NoItem)
+                current = GetParentItem(current);
+        }
+        current = next;
+    }
+    return nodes;
 }
 
 NK::Array<int> TreeViewAccessor::GetSiblings(int item) const
@@ -36,11 +42,24 @@ NK::Array<int> TreeViewAccessor::GetSiblings(int item) const
 int TreeViewAccessor::GetInsertItem(int parent, unsigned position)
 {
     if (position == 0)
-        return treeView.InsertItem(parent, QM::TreeView::FirstPosition);
+        return InsertChild(parent, position, 0, QM::TreeView::NoItem);
     NK::Array<int> children = GetChildren(parent);
-    if (position >= children.GetSize())
-        return treeView.InsertItem(parent, QM::TreeView::LastPosition);
-    return treeView.InsertItem(parent, children[position - 1]);
+    const int previous = position <= children.GetSize() ? children[position - 1] : QM::TreeView::NoItem;
+    return InsertChild(parent, position, children.GetSize(), previous);
+}
+
+int TreeViewAccessor::InsertChild(int parent, unsigned position, NK::UIndex childCount, int previous)
+{
+    if (position == 0)
+        return InsertItem(parent, QM::TreeView::FirstPosition);
+    if (position >= childCount)
+        return InsertItem(parent, QM::TreeView::LastPosition);
+    return InsertItem(parent, previous);
+}
+
+int TreeViewAccessor::InsertItem(int parent, int after)
+{
+    return treeView.InsertItem(parent, after);
 }
 
 int TreeViewAccessor::GetFirstChildItem(int item) const

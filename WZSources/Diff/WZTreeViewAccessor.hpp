@@ -22,6 +22,10 @@ public:
     // first with the insert-as-first marker, at the end with the insert-as-last marker, else
     // after child `position` - 1. Returns the node.
     int GetInsertItem(int parent, unsigned position);
+    // The same for a caller that keeps the level in step itself: `childCount` is the number of
+    // children `parent` has now and `previous` its child number `position` - 1 (unused at 0 and
+    // at the end), so nothing is walked.
+    int InsertChild(int parent, unsigned position, NK::UIndex childCount, int previous);
 
     int GetFirstChildItem(int item) const;
     int GetNextSiblingItem(int item) const;
@@ -29,9 +33,11 @@ public:
     int GetParentItem(int item) const;
     bool IsExistingItem(int item) const;
 
-private:
-    void AppendSubtree(int item, NK::Array<int>& nodes) const;
+protected:
+    // The one call through which nodes are inserted: the tree view's InsertItem.
+    virtual int InsertItem(int parent, int after);
 
+private:
     QM::TreeView& treeView;
 };
 

@@ -1,7 +1,8 @@
 // WZ::UntypedTreeView binds a tree view to a decorator and a smart updater, which it owns; the
 // typed face WZ::TreeView<Item, Decorator> adds operations that speak of the client's own item
 // and decorator types. Setup binds once: a second Setup reports that the tree view, decorator
-// and updater were already set, then replaces them.
+// and updater were already set, then removes the nodes of the old updater (which frees the
+// items it owns) and replaces the decorator and the updater.
 #pragma once
 
 #include "NK/NKArray.hpp"
