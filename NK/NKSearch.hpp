@@ -3,9 +3,9 @@
 //
 // Matching rule (what a user typing into a search field expects):
 // - the search text is split into words at white space (Unicode White_Space); empty pieces are
-//   dropped, so "  wall   plan " is the two words "wall" and "plan";
+//   dropped, so "  soup   lentil " is the two words "soup" and "lentil";
 // - an entry matches when every word occurs somewhere in its text, in any order, each word as
-//   a plain substring ("plan" finds "Floor Plans");
+//   a plain substring ("soup" finds "Lentil Soups");
 // - case is ignored: both sides are compared in full Unicode lower case (final sigma folded to
 //   sigma), with no accent or width folding;
 // - a search text without words (empty or only white space) matches every entry.

@@ -1,5 +1,5 @@
 // The foldered data view's item factories over 100k model items.
-// - CreateTree: a project forest of 100 folders x 10 sub-folders x 99 items (100,100 items), an
+// - CreateTree: an archive forest of 100 folders x 10 sub-folders x 99 items (100,100 items), an
 //   item filter that drops every tenth item, siblings sorted. Peers side by side: the default
 //   comparator (natural order of display names through collation), a plain code-unit order and
 //   no sorting, so that the cost of the factory itself and that of the order are seen apart.
@@ -26,11 +26,11 @@ using WZ::Folderable::ModelItem;
 using WZ::Folderable::TreeItem;
 using WZ::Folderable::TreeItemFactory;
 
-const char* const Kinds[] = {"Floor Plan", "Section", "Elevation", "Detail", "Worksheet", "Layout", "Schedule", "3D View"};
+const char* const Kinds[] = {"Letter", "Receipt", "Invoice", "Recipe", "Manual", "Photo", "Contract", "Report"};
 
-class ProjectItem : public ModelItem {
+class ArchiveItem : public ModelItem {
 public:
-    ProjectItem(NK::UInt64 number, NK::UniString name, NK::UniString kind)
+    ArchiveItem(NK::UInt64 number, NK::UniString name, NK::UniString kind)
         : id(NK::Guid::FromNumber(0xFDB, number)), number(number), name(std::move(name)), kind(std::move(kind))
     {
     }
@@ -46,26 +46,26 @@ private:
     NK::UniString kind;
 };
 
-const ProjectItem& AsProject(const ModelItem& item)
+const ArchiveItem& AsArchive(const ModelItem& item)
 {
-    return static_cast<const ProjectItem&>(item);
+    return static_cast<const ArchiveItem&>(item);
 }
 
 NK::Owner<ModelItem> MakeItem(NK::UInt64 number, const std::string& name, const char* kind)
 {
-    return NK::NewOwned<ProjectItem>(number, NK::UniString(name), NK::UniString(kind));
+    return NK::NewOwned<ArchiveItem>(number, NK::UniString(name), NK::UniString(kind));
 }
 
 // 100 folders, each with 10 sub-folders of 99 items; names numbered out of order so that
 // sorting has work to do.
-NK::Array<NK::Owner<ModelItem>> MakeProjectForest()
+NK::Array<NK::Owner<ModelItem>> MakeArchiveForest()
 {
     NK::Array<NK::Owner<ModelItem>> forest;
     NK::UInt64 number = 0;
     for (int f = 0; f < 100; ++f) {
-        auto folder = MakeItem(number++, "Building " + std::to_string((f * 37) % 100), "Folder");
+        auto folder = MakeItem(number++, "Shelf " + std::to_string((f * 37) % 100), "Folder");
         for (int s = 0; s < 10; ++s) {
-            auto sub = MakeItem(number++, "Storey " + std::to_string((s * 7) % 10), "Folder");
+            auto sub = MakeItem(number++, "Box " + std::to_string((s * 7) % 10), "Folder");
             for (int i = 0; i < 99; ++i) {
                 const char* kind = Kinds[(i + s) % 8];
                 sub->AddChild(MakeItem(number++, std::string(kind) + " " + std::to_string((i * 53) % 99), kind));
@@ -81,7 +81,7 @@ class NameTreeFactory : public TreeItemFactory {
 public:
     NK::Owner<TreeItem> CreateItem(const ModelItem& item) override
     {
-        return NK::NewOwned<TreeItem>(item, AsProject(item).GetName(), NK::Optional<QM::Icon>(QM::Icon(9, 1)),
+        return NK::NewOwned<TreeItem>(item, AsArchive(item).GetName(), NK::Optional<QM::Icon>(QM::Icon(9, 1)),
                                       QM::Font::Plain, NK::Optional<QM::Color>(), NK::Optional<QM::Color>(),
                                       NK::Optional<NK::UniString>());
     }
@@ -91,7 +91,7 @@ class EveryTenthOut : public TreeItemFactory::Filter {
 public:
     Status GetStatus(const ModelItem& item) const override
     {
-        return AsProject(item).GetNumber() % 10 == 9 ? Status::Excluded : Status::Included;
+        return AsArchive(item).GetNumber() % 10 == 9 ? Status::Excluded : Status::Included;
     }
 };
 
@@ -99,7 +99,7 @@ enum class Order { Natural, CodeUnit, None };
 
 void CreateTree(benchmark::State& state, Order order)
 {
-    const NK::Array<NK::Owner<ModelItem>> forest = MakeProjectForest();
+    const NK::Array<NK::Owner<ModelItem>> forest = MakeArchiveForest();
     const NK::Array<const ModelItem*> roots = ModelItem::ToPtrArray(forest);
     const NK::UIndex total = ModelItem::ToPtrArrayRecursive(forest).GetSize();
     NameTreeFactory factory;
@@ -134,14 +134,14 @@ NK::Array<NK::Owner<ModelItem>> MakeFlatItems()
 
 class Row : public ListBoxItem {
 public:
-    explicit Row(const ProjectItem& model) : ListBoxItem(model.GetId()), name(model.GetName()) {}
+    explicit Row(const ArchiveItem& model) : ListBoxItem(model.GetId()), name(model.GetName()) {}
     bool IsEqual(const WZ::Diffable& other) const override { return static_cast<const Row&>(other).name == name; }
     NK::UniString name;
 };
 
 class RowFactory : public ListItemFactory {
 public:
-    const ListBoxItem* CreateItem(const ModelItem& item) override { return new Row(AsProject(item)); }
+    const ListBoxItem* CreateItem(const ModelItem& item) override { return new Row(AsArchive(item)); }
 };
 
 class NameAndKindSearch : public ListItemFactory::SearchFilter {
@@ -149,7 +149,7 @@ public:
     using SearchFilter::SearchFilter;
     NK::Array<NK::UniString> GetSearchTexts(const ModelItem& item) const override
     {
-        return {AsProject(item).GetName(), AsProject(item).GetKind()};
+        return {AsArchive(item).GetName(), AsArchive(item).GetKind()};
     }
 };
 
@@ -181,8 +181,8 @@ void ListCreateItemsWithSearch(benchmark::State& state, const char* searchText)
 }
 
 BENCHMARK_CAPTURE(ListCreateItemsWithSearch, blank, "")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(ListCreateItemsWithSearch, one_word, "plan")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(ListCreateItemsWithSearch, two_words, "SECTION 12")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ListCreateItemsWithSearch, one_word, "letter")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ListCreateItemsWithSearch, two_words, "RECEIPT 12")->Unit(benchmark::kMillisecond);
 
 void SearchComponentAlone(benchmark::State& state, const char* searchText)
 {
@@ -192,13 +192,13 @@ void SearchComponentAlone(benchmark::State& state, const char* searchText)
         NK::Search search;
         search.Reserve(forest.GetSize());
         for (const NK::Owner<ModelItem>& item : forest)
-            search.AddEntry(item->GetId(), NK::Array<NK::UniString> {AsProject(*item).GetName(), AsProject(*item).GetKind()});
+            search.AddEntry(item->GetId(), NK::Array<NK::UniString> {AsArchive(*item).GetName(), AsArchive(*item).GetKind()});
         found = search.Run(searchText).GetMatchCount();
     }
     SetPerItem(state, forest.GetSize(), found);
 }
 
-BENCHMARK_CAPTURE(SearchComponentAlone, one_word, "plan")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(SearchComponentAlone, two_words, "SECTION 12")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(SearchComponentAlone, one_word, "letter")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(SearchComponentAlone, two_words, "RECEIPT 12")->Unit(benchmark::kMillisecond);
 
 }  // namespace

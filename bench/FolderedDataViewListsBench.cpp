@@ -1,8 +1,8 @@
-// The list-based views of the foldered data view over a project forest of 100 folders x 10
+// The list-based views of the foldered data view over an archive forest of 100 folders x 10
 // sub-folders x 30 items (33,100 items; a list box holds at most 32,767 rows, so the flat view
 // shows the 30,000 items below the sub-folders and the tree-and-list view a folder at a time).
 // - Flat view: a refresh of an unchanged forest (diff only, nothing written), a search keystroke
-//   that narrows the list to about a tenth, and beside both the clear-and-refill of the same rows
+//   that narrows the list to about a third, and beside both the clear-and-refill of the same rows
 //   (what a view without the smart updater would do).
 // - Tree-and-list view: a user's click on another sub-folder (pop-up, up button and a 30-row
 //   list rebuilt) and a full refresh (tree of 1,100 folders and the list).
@@ -28,7 +28,7 @@ using Views::FlatListView;
 using Views::TreeAndListView;
 using Views::View;
 
-const char* const Kinds[] = {"Floor Plan", "Section", "Elevation", "Detail", "Worksheet", "Layout", "Schedule", "3D View", "Sheet", "Camera"};
+const char* const Kinds[] = {"Letter", "Receipt", "Invoice", "Recipe", "Manual", "Photo", "Contract", "Report", "Song", "Podcast"};
 
 class ProjectItem : public ModelItem {
 public:
@@ -104,9 +104,9 @@ NK::Array<NK::Owner<ModelItem>> MakeForest()
     NK::Array<NK::Owner<ModelItem>> forest;
     NK::UInt64 number = 0;
     for (int f = 0; f < 100; ++f) {
-        auto folder = NK::NewOwned<ProjectItem>(++number, "Building " + std::to_string(f));
+        auto folder = NK::NewOwned<ProjectItem>(++number, "Shelf " + std::to_string(f));
         for (int s = 0; s < 10; ++s) {
-            auto sub = NK::NewOwned<ProjectItem>(++number, "Storey " + std::to_string(f) + "." + std::to_string(s));
+            auto sub = NK::NewOwned<ProjectItem>(++number, "Box " + std::to_string(f) + "." + std::to_string(s));
             for (int i = 0; i < 30; ++i)
                 sub->AddChild(NK::NewOwned<ProjectItem>(
                     ++number, std::string(Kinds[i % 10]) + " " + std::to_string(f) + "-" + std::to_string(s) + "-" + std::to_string(i)));
@@ -190,7 +190,7 @@ void BM_FlatSearchKeystroke(benchmark::State& state)
 {
     FlatBench bench;
     for (auto _ : state) {
-        bench.resource.searchField.SimulateUserType("3");  // one keystroke narrows to "3D View ..." and "...3..."
+        bench.resource.searchField.SimulateUserType("3");  // one keystroke narrows to the items whose numbers hold a 3
         bench.resource.searchField.SimulateUserBackspace();
     }
     state.counters["rows"] = bench.resource.listBox.GetItemCount();

@@ -4,7 +4,7 @@
 //   ids replaces the shown one, so the table reloads and restores open rows and selection by id.
 //   Beside it a first SetItems into an empty data view. (The flat list cannot be a peer here: a
 //   toolkit list box numbers its rows in 16 bits, so 100k rows do not fit in one.)
-// - A search keystroke in the hierarchical view: alternately typing "7" after "Section 1" and
+// - A search keystroke in the hierarchical view: alternately typing "7" after "Receipt 1" and
 //   deleting it again, each a rebuild of the filtered forest with every row expanded.
 // Building the forest is not timed. Counters: model items, rows shown after the operation.
 #include "QM/QMDialog.hpp"
@@ -33,11 +33,11 @@ using WZ::Folderable::TreeItem;
 using WZ::Folderable::TreeItemFactory;
 using ViewMode = FolderedDataView::ViewMode;
 
-const char* const Kinds[] = {"Floor Plan", "Section", "Elevation", "Detail", "Worksheet", "Layout", "Schedule", "3D View"};
+const char* const Kinds[] = {"Letter", "Receipt", "Invoice", "Recipe", "Manual", "Photo", "Contract", "Report"};
 
-class ProjectItem : public ModelItem {
+class ArchiveItem : public ModelItem {
 public:
-    ProjectItem(NK::UInt64 number, NK::UniString name) : id(NK::Guid::FromNumber(0xDA7A, number)), name(std::move(name)) {}
+    ArchiveItem(NK::UInt64 number, NK::UniString name) : id(NK::Guid::FromNumber(0xDA7A, number)), name(std::move(name)) {}
     NK::Guid GetId() const override { return id; }
     const NK::UniString& GetName() const { return name; }
 
@@ -48,7 +48,7 @@ private:
 
 const NK::UniString& NameOf(const ModelItem& item)
 {
-    return static_cast<const ProjectItem&>(item).GetName();
+    return static_cast<const ArchiveItem&>(item).GetName();
 }
 
 NK::Array<NK::Owner<ModelItem>> MakeForest()
@@ -56,11 +56,11 @@ NK::Array<NK::Owner<ModelItem>> MakeForest()
     NK::Array<NK::Owner<ModelItem>> forest;
     NK::UInt64 number = 0;
     for (int f = 0; f < 100; ++f) {
-        auto folder = NK::NewOwned<ProjectItem>(++number, NK::UniString("Story " + std::to_string((f * 37) % 100)));
+        auto folder = NK::NewOwned<ArchiveItem>(++number, NK::UniString("Shelf " + std::to_string((f * 37) % 100)));
         for (int s = 0; s < 10; ++s) {
-            auto sub = NK::NewOwned<ProjectItem>(++number, NK::UniString("Group " + std::to_string(s)));
+            auto sub = NK::NewOwned<ArchiveItem>(++number, NK::UniString("Group " + std::to_string(s)));
             for (int i = 0; i < 99; ++i)
-                sub->AddChild(NK::NewOwned<ProjectItem>(
+                sub->AddChild(NK::NewOwned<ArchiveItem>(
                     ++number, NK::UniString(std::string(Kinds[(i + s) % 8]) + " " + std::to_string((i * 53) % 99))));
             folder->AddChild(std::move(sub));
         }
@@ -181,7 +181,7 @@ void SearchKeystroke(benchmark::State& state, ViewMode mode)
     Browser browser(mode);
     browser.dataView.SetItems(MakeForest());
     QM::SearchEdit& field = *browser.dataView.GetSearchField();
-    field.SimulateUserType("Section 1");
+    field.SimulateUserType("Receipt 1");
     bool typed = false;
     for (auto _ : state) {
         if (typed)

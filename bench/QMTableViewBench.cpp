@@ -1,4 +1,4 @@
-// The hierarchical table view at the size of a large project: 100 folders of 10 subfolders of
+// The hierarchical table view at the size of a large archive: 100 folders of 10 subfolders of
 // 99 items (100,100 rows). Measured: a first load from the virtual root, a reload of the same
 // rows (every key new, every content equal), a reload with 1% of the rows changed (a third
 // renamed, a third dropped, a third new), and expanding every folder. Beside them, as the peer

@@ -1,4 +1,4 @@
-// Foldered data view: a building project's forest of views and layouts, searched through the
+// Foldered data view: a music library's forest of albums, tracks and playlists, searched through the
 // tree item factory, and a burst of selection changes on a headless list box coalesced into one
 // selection-changed event.
 #include "GalleryScene.hpp"
@@ -21,9 +21,9 @@ using WZ::Folderable::Selection;
 using WZ::Folderable::TreeItem;
 using WZ::Folderable::TreeItemFactory;
 
-class ProjectItem : public ModelItem {
+class LibraryItem : public ModelItem {
 public:
-    ProjectItem(NK::UInt64 number, std::string name, std::string kind)
+    LibraryItem(NK::UInt64 number, std::string name, std::string kind)
         : id(NK::Guid::FromNumber(0x6A11, number)), name(std::move(name)), kind(std::move(kind))
     {
     }
@@ -37,18 +37,18 @@ private:
     std::string kind;
 };
 
-const ProjectItem& AsProject(const ModelItem& item)
+const LibraryItem& AsLibrary(const ModelItem& item)
 {
-    return static_cast<const ProjectItem&>(item);
+    return static_cast<const LibraryItem&>(item);
 }
 
-// Builds the forest of a twelve-storey office project: view folders per storey, sections,
-// elevations, a library of details and the layout book.
-class ProjectBuilder {
+// Builds the forest of a household's music library: a folder per artist with each album in
+// three file formats, podcasts, radio stations, tracks by genre, and playlists.
+class LibraryBuilder {
 public:
     ModelItem& Add(ModelItem* parent, const std::string& name, const std::string& kind)
     {
-        auto item = NK::NewOwned<ProjectItem>(++number, name, kind);
+        auto item = NK::NewOwned<LibraryItem>(++number, name, kind);
         ModelItem& added = *item;
         if (parent != nullptr)
             parent->AddChild(std::move(item));
@@ -59,37 +59,38 @@ public:
 
     NK::Array<NK::Owner<ModelItem>> Build()
     {
-        const char* storeyViews[] = {"Floor Plan", "Ceiling Plan", "Structural Plan", "Electrical Plan", "Furniture Plan"};
-        const char* detailKinds[] = {"Wall Connection", "Window Sill", "Door Threshold", "Stair Landing",
-                                     "Roof Parapet", "Curtain Wall Mullion", "Slab Edge", "Column Base"};
-        ModelItem& views = Add(nullptr, "Views", "Folder");
-        ModelItem& stories = Add(&views, "Stories", "Folder");
-        for (int level = -2; level <= 12; ++level) {
-            const std::string storey = "Level " + std::to_string(level);
-            ModelItem& folder = Add(&stories, storey, "Folder");
-            for (const char* view : storeyViews)
-                for (const char* scale : {"1:50", "1:100", "1:200"})
-                    Add(&folder, storey + " " + view + " " + scale, view);
+        const char* artists[] = {"Amber Lane", "Blue Harbour", "Cedar Choir", "Delta Strings", "Echo Park",
+                                 "Fern Hollow", "Golden Hour", "Harbour Lights", "Indigo Trio", "Juniper Band",
+                                 "Kite Season", "Lantern Folk", "Maple Street", "North Wind", "Olive Grove"};
+        const char* albums[] = {"Studio Album", "Live Album", "Acoustic Sessions", "Greatest Hits", "Remixes"};
+        const char* genres[] = {"Blues", "Classical", "Country", "Folk", "Jazz", "Reggae", "Rock", "Soul"};
+        ModelItem& music = Add(nullptr, "Music", "Folder");
+        ModelItem& byArtist = Add(&music, "Artists", "Folder");
+        for (const char* artist : artists) {
+            ModelItem& folder = Add(&byArtist, artist, "Folder");
+            for (const char* album : albums)
+                for (const char* format : {"FLAC", "MP3", "AAC"})
+                    Add(&folder, std::string(artist) + " " + album + " " + format, album);
         }
-        ModelItem& sections = Add(&views, "Sections", "Folder");
+        ModelItem& podcasts = Add(&music, "Podcasts", "Folder");
         for (char c = 'A'; c <= 'Z'; ++c)
-            for (int part = 1; part <= 6; ++part)
-                Add(&sections, std::string("Section ") + c + "-" + c + " Part " + std::to_string(part), "Section");
-        ModelItem& elevations = Add(&views, "Elevations", "Folder");
-        for (const char* side : {"North", "East", "South", "West", "Courtyard North", "Courtyard South"})
-            Add(&elevations, std::string(side) + " Elevation", "Elevation");
-        ModelItem& details = Add(&views, "Details", "Folder");
-        for (const char* kind : detailKinds) {
-            ModelItem& group = Add(&details, kind, "Folder");
+            for (int episode = 1; episode <= 6; ++episode)
+                Add(&podcasts, std::string("Podcast ") + c + " Episode " + std::to_string(episode), "Episode");
+        ModelItem& stations = Add(&music, "Radio Stations", "Folder");
+        for (const char* station : {"Morning Jazz", "City Pop", "Classic Hits", "Folk Roots", "Night Piano", "Sunday Soul"})
+            Add(&stations, std::string(station) + " Radio", "Station");
+        ModelItem& byGenre = Add(&music, "Genres", "Folder");
+        for (const char* genre : genres) {
+            ModelItem& group = Add(&byGenre, genre, "Folder");
             for (int n = 1; n <= 150; ++n)
-                Add(&group, std::string(kind) + " Detail " + std::to_string(n), "Detail");
+                Add(&group, std::string(genre) + " Track " + std::to_string(n), "Track");
         }
-        ModelItem& layouts = Add(nullptr, "Layouts", "Folder");
-        for (const char* discipline : {"Architecture", "Structure", "Mechanical", "Electrical"}) {
-            ModelItem& book = Add(&layouts, discipline, "Folder");
-            for (int sheet = 1; sheet <= 200; ++sheet)
-                Add(&book, std::string(1, discipline[0]) + "-" + std::to_string(100 + sheet) + " " + discipline + " Sheet " +
-                               std::to_string(sheet), "Layout");
+        ModelItem& playlists = Add(nullptr, "Playlists", "Folder");
+        for (const char* occasion : {"Breakfast", "Workout", "Dinner", "Travel"}) {
+            ModelItem& list = Add(&playlists, occasion, "Folder");
+            for (int song = 1; song <= 200; ++song)
+                Add(&list, std::string(1, occasion[0]) + "-" + std::to_string(100 + song) + " " + occasion + " Song " +
+                               std::to_string(song), "Song");
         }
         return std::move(forest);
     }
@@ -99,12 +100,12 @@ private:
     NK::UInt64 number = 0;
 };
 
-class ProjectTreeFactory : public TreeItemFactory {
+class LibraryTreeFactory : public TreeItemFactory {
 public:
     NK::Owner<TreeItem> CreateItem(const ModelItem& item) override
     {
-        const bool folder = AsProject(item).GetKind() == "Folder";
-        return NK::NewOwned<TreeItem>(item, NK::UniString(AsProject(item).GetName()), NK::Optional<QM::Icon>(),
+        const bool folder = AsLibrary(item).GetKind() == "Folder";
+        return NK::NewOwned<TreeItem>(item, NK::UniString(AsLibrary(item).GetName()), NK::Optional<QM::Icon>(),
                                       folder ? QM::Font::Bold : QM::Font::Plain, NK::Optional<QM::Color>(),
                                       NK::Optional<QM::Color>(), NK::Optional<NK::UniString>());
     }
@@ -114,9 +115,9 @@ class NameAndKindSearch : public TreeItemFactory::SearchFilter {
 public:
     NK::Array<NK::UniString> GetSearchTexts(const ModelItem& item) const override
     {
-        if (AsProject(item).GetKind() == "Folder")
+        if (AsLibrary(item).GetKind() == "Folder")
             return {};  // folders are shown for what they hold, not found themselves
-        return {NK::UniString(AsProject(item).GetName()), NK::UniString(AsProject(item).GetKind())};
+        return {NK::UniString(AsLibrary(item).GetName()), NK::UniString(AsLibrary(item).GetKind())};
     }
 };
 
@@ -161,7 +162,7 @@ public:
         if (rows.GetSize() > 40)
             rows.SetSize(40);
         for (const ModelItem* item : rows)
-            listBox.SetTabItemText(listBox.AppendItem(), 1, NK::UniString(AsProject(*item).GetName()));
+            listBox.SetTabItemText(listBox.AppendItem(), 1, NK::UniString(AsLibrary(*item).GetName()));
     }
     void SelectionChanged(const QM::ListBoxSelectionEvent&) override
     {
@@ -185,7 +186,7 @@ public:
         ++events;
         out << "  event: selection changed to";
         for (const ModelItem* item : selection.GetItems())
-            out << " [" << AsProject(*item).GetName() << "]";
+            out << " [" << AsLibrary(*item).GetName() << "]";
         out << "\n";
     }
     int events = 0;
@@ -196,19 +197,19 @@ private:
 
 }  // namespace
 
-WZ_GALLERY_SCENE("foldered-data-view", "A project's views and layouts searched as a tree; a selection burst sends one event")
+WZ_GALLERY_SCENE("foldered-data-view", "A music library searched as a tree; a selection burst sends one event")
 {
-    ProjectBuilder builder;
+    LibraryBuilder builder;
     NK::Array<NK::Owner<ModelItem>> forest = builder.Build();
     const NK::Array<const ModelItem*> all = ModelItem::ToPtrArrayRecursive(forest);
 
-    Gallery::Step(out, "The project forest");
+    Gallery::Step(out, "The music library");
     out << "  " << all.GetSize() << " model items in " << forest.GetSize() << " top-level folders\n";
 
-    ProjectTreeFactory factory;
+    LibraryTreeFactory factory;
     NameAndKindSearch search;
     factory.SetItemFilter(&search);
-    for (const char* text : {"level 3 electrical 1:50", "sill detail 14"}) {
+    for (const char* text : {"harbour lights live flac", "jazz track 14"}) {
         Gallery::Step(out, std::string("Search \"") + text + "\" (matches with the folders on their path, sorted)");
         search.SetSearchText(text);
         int shown = 0;

@@ -1,4 +1,4 @@
-// One foldered data view over an office project, shown in each of its three views in turn: a
+// One foldered data view over a document archive, shown in each of its three views in turn: a
 // search typed and cleared, the up button and the path pop-up of the tree-and-list view used,
 // and the state saved to a file and read back into a second data view.
 #include "GalleryScene.hpp"
@@ -55,16 +55,16 @@ NK::Owner<ModelItem> D(const std::string& name, std::initializer_list<const char
     return doc;
 }
 
-NK::Array<NK::Owner<ModelItem>> Office()
+NK::Array<NK::Owner<ModelItem>> Archive()
 {
     NK::Array<NK::Owner<ModelItem>> forest;
-    auto views = D("Views");
-    views->AddChild(D("Floor Plans", {"Ground Floor", "First Floor", "Roof"}));
-    views->AddChild(D("Sections", {"Section A-A", "Section B-B"}));
-    views->AddChild(D("Elevations", {"North", "South"}));
-    forest.Push(std::move(views));
-    forest.Push(D("Sheets", {"A-101 Plans", "A-201 Sections"}));
-    forest.Push(D("Schedules", {"Doors", "Windows"}));
+    auto documents = D("Documents");
+    documents->AddChild(D("Letters", {"Bank", "Insurance", "School"}));
+    documents->AddChild(D("Receipts", {"Receipt 2024-01", "Receipt 2024-02"}));
+    documents->AddChild(D("Manuals", {"Bicycle", "Washing Machine"}));
+    forest.Push(std::move(documents));
+    forest.Push(D("Photos", {"Birthday 2024", "Holiday 2023"}));
+    forest.Push(D("Recipes", {"Lentil Soup", "Pancakes"}));
     return forest;
 }
 
@@ -139,7 +139,7 @@ void Setup(FolderedDataView& dv)
     t->SetListItemSearchFilter(NK::NewOwned<ListSearch>());
     t->SetPopUpItemFactory(NK::NewOwned<Views::TreeAndListView::PopUpViewItemFactory>(t->GetTreeItemFactory()));
     dv.RegisterView(ViewMode::TreeAndList, std::move(t));
-    dv.SetItems(Office());
+    dv.SetItems(Archive());
     dv.CreateDefaultState();
     dv.ShowCurrentView();
     dv.InitRect();
@@ -155,18 +155,18 @@ void Show(std::ostream& out, const QM::Dialog& dialog)
 
 WZ_GALLERY_SCENE("foldered-data-view-views", "One data view in its hierarchical, flat and tree-and-list views; search, up button, path pop-up, state file")
 {
-    QM::Dialog dialog {"Project Browser", 520, 360};
+    QM::Dialog dialog {"Document Archive", 520, 360};
     FolderedDataView dataView {dialog, QM::Rect(10, 10, 510, 350)};
     Setup(dataView);
     Printer printer {dataView, out};
 
-    Gallery::Step(out, "Hierarchical view: the first level open; the user opens Views and picks Sections");
-    dataView.GetHierarchicalDataView()->SimulateUserExpand(NK::Guid::FromNumber(0x6A11, NK::UniString("Views").GenerateHashValue()));
-    dataView.GetHierarchicalDataView()->SimulateUserSelectNode(NK::Guid::FromNumber(0x6A11, NK::UniString("Sections").GenerateHashValue()));
+    Gallery::Step(out, "Hierarchical view: the first level open; the user opens Documents and picks Receipts");
+    dataView.GetHierarchicalDataView()->SimulateUserExpand(NK::Guid::FromNumber(0x6A11, NK::UniString("Documents").GenerateHashValue()));
+    dataView.GetHierarchicalDataView()->SimulateUserSelectNode(NK::Guid::FromNumber(0x6A11, NK::UniString("Receipts").GenerateHashValue()));
     Show(out, dialog);
 
-    Gallery::Step(out, "The user types \"sec\" into the search field, then clears it");
-    dataView.GetSearchField()->SimulateUserType("sec");
+    Gallery::Step(out, "The user types \"rec\" into the search field, then clears it");
+    dataView.GetSearchField()->SimulateUserType("rec");
     Show(out, dialog);
     dataView.GetSearchField()->SimulateUserClear();
     Show(out, dialog);
@@ -179,17 +179,17 @@ WZ_GALLERY_SCENE("foldered-data-view-views", "One data view in its hierarchical,
     dataView.SetViewMode(ViewMode::TreeAndList);
     Show(out, dialog);
 
-    Gallery::Step(out, "The user picks Floor Plans in the tree: the path pop-up shows Views > Floor Plans");
+    Gallery::Step(out, "The user picks Letters in the tree: the path pop-up shows Documents > Letters");
     QM::TreeView& tree = *dataView.GetTreeView();
-    tree.SimulateUserSelectNode(dataView.GetTreeDataView()->GetNode(NK::Guid::FromNumber(0x6A11, NK::UniString("Floor Plans").GenerateHashValue())));
+    tree.SimulateUserSelectNode(dataView.GetTreeDataView()->GetNode(NK::Guid::FromNumber(0x6A11, NK::UniString("Letters").GenerateHashValue())));
     Show(out, dialog);
 
-    Gallery::Step(out, "The user clicks the up button: Views is chosen, the button is disabled at the top");
+    Gallery::Step(out, "The user clicks the up button: Documents is chosen, the button is disabled at the top");
     dataView.GetUpButton()->SimulateUserClick();
     Show(out, dialog);
 
-    Gallery::Step(out, "The user picks Sections in the tree, then the top of the path in the pop-up");
-    tree.SimulateUserSelectNode(dataView.GetTreeDataView()->GetNode(NK::Guid::FromNumber(0x6A11, NK::UniString("Sections").GenerateHashValue())));
+    Gallery::Step(out, "The user picks Receipts in the tree, then the top of the path in the pop-up");
+    tree.SimulateUserSelectNode(dataView.GetTreeDataView()->GetNode(NK::Guid::FromNumber(0x6A11, NK::UniString("Receipts").GenerateHashValue())));
     dataView.GetPopUpControl()->SimulateUserSelect(1);
     Show(out, dialog);
 

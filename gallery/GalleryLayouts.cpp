@@ -16,26 +16,26 @@ namespace {
 
 using namespace WZ::Layouting;
 
-struct ViewRow : WZ::Diffable {
-    ViewRow(NK::UInt64 number, const char* name, const char* kind, const char* scale)
-        : id(NK::Guid::FromNumber(0x6E0, number)), name(name), kind(kind), scale(scale)
+struct TrackRow : WZ::Diffable {
+    TrackRow(NK::UInt64 number, const char* name, const char* kind, const char* length)
+        : id(NK::Guid::FromNumber(0x6E0, number)), name(name), kind(kind), length(length)
     {
     }
     NK::Guid GetId() const override { return id; }
     bool IsEqual(const WZ::Diffable& other) const override
     {
-        const auto& row = static_cast<const ViewRow&>(other);
-        return row.name == name && row.kind == kind && row.scale == scale;
+        const auto& row = static_cast<const TrackRow&>(other);
+        return row.name == name && row.kind == kind && row.length == length;
     }
 
     NK::Guid id;
     NK::UniString name;
     NK::UniString kind;
-    NK::UniString scale;
+    NK::UniString length;
 };
 
-struct ViewList {
-    using Item = ViewRow;
+struct TrackList {
+    using Item = TrackRow;
 };
 
 void PrintDialog(std::ostream& out, const QM::Dialog& dialog, const QM::ListBox& list)
@@ -50,7 +50,7 @@ void PrintDialog(std::ostream& out, const QM::Dialog& dialog, const QM::ListBox&
 
 WZ_GALLERY_SCENE("layouts", "nested linear layouts and a columned list box at three widths, then a header divider dragged")
 {
-    QM::Dialog dialog("Open View", 520, 260, QM::Dialog::GrowType::HVGrow);
+    QM::Dialog dialog("Open Track", 520, 260, QM::Dialog::GrowType::HVGrow);
     QM::Item findLabel(dialog, QM::Rect(), QM::ItemType::StaticText);
     findLabel.SetText("Find:");
     QM::Item findEdit(dialog, QM::Rect(), QM::ItemType::SearchEdit);
@@ -79,20 +79,20 @@ WZ_GALLERY_SCENE("layouts", "nested linear layouts and a columned list box at th
     buttons.GetLayout().Add(cancelButton, HFixedWidth {80}, HAutoFillHeight {});
     buttons.GetLayout().Add(okButton, HFixedWidth {80}, HAutoFillHeight {});
 
-    // The list: Name grows, Type grows less, Scale keeps its width.
-    WZ::HomogenListBoxView<ViewList> view(list);
-    view.AddTextColumn(1, "Name", NK::NewOwned<WZ::ProportionalColumn>(80, 240), [](const ViewRow& r) { return r.name; })
+    // The list: Name grows, Type grows less, Length keeps its width.
+    WZ::HomogenListBoxView<TrackList> view(list);
+    view.AddTextColumn(1, "Name", NK::NewOwned<WZ::ProportionalColumn>(80, 240), [](const TrackRow& r) { return r.name; })
         .SetSizeable(true);
-    view.AddTextColumn(2, "Type", NK::NewOwned<WZ::ProportionalColumn>(50, 120), [](const ViewRow& r) { return r.kind; })
+    view.AddTextColumn(2, "Type", NK::NewOwned<WZ::ProportionalColumn>(50, 120), [](const TrackRow& r) { return r.kind; })
         .SetSizeable(true);
-    view.AddTextColumn(3, "Scale", NK::NewOwned<WZ::FixedColumn>(60), [](const ViewRow& r) { return r.scale; })
+    view.AddTextColumn(3, "Length", NK::NewOwned<WZ::FixedColumn>(60), [](const TrackRow& r) { return r.length; })
         .SetJustification(QM::ListBox::Justification::Right);
     view.GetColumnManager().SetHeaderButtonIconToDefault();
     view.SetupColumns();
-    NK::Array<NK::Owner<ViewRow>> rows;
-    rows.Push(NK::NewOwned<ViewRow>(1, "Ground Floor Plan", "Floor plan", "1:100"));
-    rows.Push(NK::NewOwned<ViewRow>(2, "Section A-A", "Section", "1:50"));
-    rows.Push(NK::NewOwned<ViewRow>(3, "North Elevation", "Elevation", "1:100"));
+    NK::Array<NK::Owner<TrackRow>> rows;
+    rows.Push(NK::NewOwned<TrackRow>(1, "Morning Light", "Song", "3:45"));
+    rows.Push(NK::NewOwned<TrackRow>(2, "Harbour Lights Live", "Album", "52:10"));
+    rows.Push(NK::NewOwned<TrackRow>(3, "Kitchen Radio Hour", "Podcast", "41:02"));
     view.SetItems(std::move(rows));
 
     auto layOut = [&](short width, const char* title) {
@@ -102,7 +102,7 @@ WZ_GALLERY_SCENE("layouts", "nested linear layouts and a columned list box at th
         Gallery::Step(out, title);
         PrintDialog(out, dialog, list);
     };
-    layOut(520, "wide: 520 pixels, the list's proportional columns share what Scale leaves");
+    layOut(520, "wide: 520 pixels, the list's proportional columns share what Length leaves");
     layOut(300, "narrow: 300 pixels, the search edit and the list's columns shrink");
     layOut(150, "below the minimums: every column at its minimum, the items overflow to the right");
 

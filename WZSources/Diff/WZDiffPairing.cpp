@@ -81,7 +81,7 @@ void CheckLength(UIndex count)
 // The index map and index set of a result where the other side is empty.
 template <typename Item>
 void FillOneSide(const NK::Array<const Item*>& items, IndexMap::Side side, IndexMap& indexMap,
-                 NK::HashSet<UInt64>& indices)
+                 IndexSet<UInt64>& indices)
 {
     const UIndex count = items.GetSize();
     auto table = std::make_shared<IdTable>(count);
@@ -95,7 +95,7 @@ void FillOneSide(const NK::Array<const Item*>& items, IndexMap::Side side, Index
         entryOfIndex[i] = number;
     });
     for (UIndex i = 0; i < count; ++i)
-        indices.Add(i);
+        indices.Append(i);
     indexMap = IndexMap(std::move(table), side, std::move(entryOfIndex));
 }
 
@@ -168,7 +168,7 @@ PairedResult Compare(const NK::Array<const Item*>& oldItems, const NK::Array<con
     for (UIndex j = 0; j < oldCount; ++j) {
         deletedBefore[j] = deletions;
         if (newOfOld[j] == NoIndex) {
-            result.deleted.Add(j);
+            result.deleted.Append(j);
             ++deletions;
         }
     }
@@ -178,14 +178,14 @@ PairedResult Compare(const NK::Array<const Item*>& oldItems, const NK::Array<con
     for (UIndex i = 0; i < newCount; ++i) {
         const UInt32 j = oldOfNew[i];
         if (j == NoIndex) {
-            result.inserted.Add(i);
+            result.inserted.Append(i);
             ++insertions;
             continue;
         }
         if (changedId[newEntry[i]])
-            result.changed.Add(j);
+            result.changed.Append(j);
         if (j - deletedBefore[j] + insertions != i)
-            result.moved.Add(Move {j, i});
+            result.moved.Append(Move {j, i});
     }
 
     result.oldIndexMap = IndexMap(table, IndexMap::Side::Old, std::move(oldEntry));

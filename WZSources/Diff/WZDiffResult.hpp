@@ -3,8 +3,11 @@
 // id of every index of both sequences. Diff::TreeResult describes one level of a tree, with
 // nested results for the paired, unmoved items whose children differ.
 //
-// The hashed sets are filled in ascending index order and iterate in that order; the updaters
-// walk `inserted`, `changed` and `moved` relying on it.
+// The sets of Diff::Result iterate in the order in which the comparison adds their members:
+// `deleted` by ascending old index; `inserted`, `moved` and `changed` by ascending new index (so
+// `changed`, which holds old indices, is ascending too unless items moved). The updaters walk
+// them relying on it. They are arrays in that order (WZIndexSet.hpp): a comparison of a million
+// items fills them without hashing.
 #pragma once
 
 #include "NK/NKHashTable.hpp"
@@ -12,6 +15,7 @@
 #include "NK/NKSkipMap.hpp"
 #include "NK/NKTypes.hpp"
 #include "WZSources/Diff/WZIndexMap.hpp"
+#include "WZSources/Diff/WZIndexSet.hpp"
 
 #include <vector>
 
@@ -27,11 +31,19 @@ struct Move {
     NK::UInt32 GenerateHashValue() const noexcept;
 };
 
+// Moves by new index, then old index: the order in which a comparison finds them.
+struct MoveOrder {
+    bool operator()(const Move& a, const Move& b) const noexcept
+    {
+        return a.to != b.to ? a.to < b.to : a.from < b.from;
+    }
+};
+
 struct Result {
-    NK::HashSet<NK::UInt64> inserted;  // new indices without an old counterpart
-    NK::HashSet<NK::UInt64> deleted;   // old indices without a new counterpart
-    NK::HashSet<NK::UInt64> changed;   // old indices of paired items whose id's content differs
-    NK::HashSet<Move> moved;
+    IndexSet<NK::UInt64> inserted;  // new indices without an old counterpart
+    IndexSet<NK::UInt64> deleted;   // old indices without a new counterpart
+    IndexSet<NK::UInt64> changed;   // old indices of paired items whose id's content differs
+    IndexSet<Move, MoveOrder> moved;
     IndexMap oldIndexMap;
     IndexMap newIndexMap;
 

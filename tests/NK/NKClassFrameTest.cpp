@@ -27,48 +27,29 @@ NK::ErrCode ReadPoint(NK::IChannel& in, const NK::ClassInfo& info, NK::Int16& x,
     return frame.End();
 }
 
-TEST(ClassFrameTest, HeaderCarriesIdentityVersionAndLength)
+TEST(ClassFrameTest, HeaderCarriesIdentityVersionAndLengthAndAnOlderReaderPassesOverWhatItDoesNotKnow)
 {
     NK::MemoryOChannel out;
-    ASSERT_EQ(WritePoint(out, pointV1, 3, -4), NK::NoError);
-    const std::vector<NK::Byte>& bytes = out.GetBytes();
-    ASSERT_EQ(bytes.size(), 16u + 2 + 2 + 4 + 4);
-    NK::MemoryIChannel in(bytes);
-    NK::Guid id;
-    NK::UInt16 major = 0, minor = 9;
-    NK::UInt32 length = 0;
-    in.Read(id);
-    in.Read(major);
-    in.Read(minor);
-    in.Read(length);
-    EXPECT_EQ(id, pointV1.GetId());
-    EXPECT_EQ(major, 1);
-    EXPECT_EQ(minor, 0);
-    EXPECT_EQ(length, 4u);
-}
-
-TEST(ClassFrameTest, AnOlderReaderPassesOverDataItDoesNotKnow)
-{
-    NK::MemoryOChannel out;
-    WritePoint(out, pointV1, 1, 2);
+    ASSERT_EQ(WritePoint(out, pointV2, 3, -4), NK::NoError);
     out.Write(NK::Int32(99));  // what follows the frame must not be eaten
+    NK::MemoryIChannel header(out.GetBytes());
+    NK::Guid id;
+    NK::UInt16 major = 0, minor = 0;
+    NK::UInt32 length = 0;
+    for (NK::ErrCode error : {header.Read(id), header.Read(major), header.Read(minor), header.Read(length)})
+        ASSERT_EQ(error, NK::NoError);
+    EXPECT_EQ(id, pointV1.GetId());
+    EXPECT_EQ(std::make_pair(major, minor), std::make_pair(NK::UInt16(1), NK::UInt16(1)));
+    EXPECT_EQ(length, 4u + 4 + 2 * 5);  // x, y and the name "named"
+
+    // A reader that wants only x and y: the name is passed over.
     NK::MemoryIChannel in(out.GetBytes());
     NK::Int16 x = 0, y = 0;
     EXPECT_EQ(ReadPoint(in, pointV2, x, y), NK::NoError);
-    EXPECT_EQ(x, 1);
-    EXPECT_EQ(y, 2);
+    EXPECT_EQ(std::make_pair(x, y), std::make_pair(NK::Int16(3), NK::Int16(-4)));
     NK::Int32 after = 0;
     EXPECT_EQ(in.Read(after), NK::NoError);
     EXPECT_EQ(after, 99);
-
-    // A 1.1 frame read with a 1.1 reader that only wants x and y: the name is passed over.
-    NK::MemoryOChannel newer;
-    WritePoint(newer, pointV2, 5, 6);
-    newer.Write(NK::Int32(7));
-    NK::MemoryIChannel newerIn(newer.GetBytes());
-    EXPECT_EQ(ReadPoint(newerIn, pointV2, x, y), NK::NoError);
-    EXPECT_EQ(newerIn.Read(after), NK::NoError);
-    EXPECT_EQ(after, 7);
 }
 
 TEST(ClassFrameTest, AForeignOrNewerFrameIsRefusedAndPassedOver)
@@ -149,7 +130,6 @@ TEST(ClassFrameTest, FramesNestAndEndOnce)
     EXPECT_EQ(outer.End(), NK::NoError);
     EXPECT_EQ(text, NK::UniString("outer"));
     EXPECT_EQ(y, 9);
-
 
     // End puts the frame out once, however often it is called.
     NK::MemoryOChannel target;
