@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <limits>
 
 namespace {
@@ -32,13 +35,6 @@ public:
     mutable QM::PopUpControl popUp {dialog, QM::Rect(0, 0, 10, 10)};
     mutable QM::ListBox listBox {dialog, QM::Rect(0, 0, 10, 10)};
 };
-
-std::vector<NK::Byte> Bytes(const Layout::LayoutState& state)
-{
-    NK::MemoryOChannel channel;
-    EXPECT_EQ(state.Write(channel), NK::NoError);
-    return channel.GetBytes();
-}
 
 class LayoutsTest : public ::testing::Test {
 protected:
@@ -107,10 +103,11 @@ TEST_F(LayoutsTest, StatesRoundTripAndABadOneLeavesThemAsTheyWere)
     layout.ApplyState(TreeAndListLayout::LayoutState(false, {300}));
     EXPECT_EQ(controls.tree.GetRect(), QM::Rect(10, 20, 310, 320));  // no search field
 
-    const std::vector<NK::Byte> bytes = Bytes(*layout.GetState());
-    EXPECT_EQ(bytes, (std::vector<NK::Byte> {0, 0x2C, 0x01}));
+    NK::MemoryOChannel out;
+    ASSERT_EQ(layout.GetState()->Write(out), NK::NoError);
+    EXPECT_EQ(out.GetBytes(), (std::vector<NK::Byte> {0, 0x2C, 0x01}));
     auto fresh = layout.CreateDefaultState();
-    NK::MemoryIChannel channel(bytes);
+    NK::MemoryIChannel channel(out.GetBytes());
     EXPECT_EQ(fresh->Read(channel), NK::NoError);
     EXPECT_TRUE(fresh->IsEqual(*layout.GetState()));
     for (const std::vector<NK::Byte>& damaged : {std::vector<NK::Byte> {1, 0xFF, 0xFF}, std::vector<NK::Byte> {0, 0x2C}}) {
@@ -165,22 +162,18 @@ std::vector<NK::Byte> Written(Browser& b)
     return channel.GetBytes();
 }
 
-TEST(DataViewColumnsTest, TheListsTabFieldsFollowEveryPlacementOfTheList)
+// The list's tab fields follow every placement of the list; its column widths round-trip through
+// the data view's state, and a state whose widths are no pixel lengths is refused as a whole.
+TEST(DataViewColumnsTest, ColumnsFollowTheListAndRoundTripThroughTheState)
 {
     Browser browser;
     AddColumns(browser);
     EXPECT_EQ(Tabs(browser).back().second, browser.ListBox().GetItemWidth());
-    browser.dataView.Resize(300, 400);
-    EXPECT_EQ(Tabs(browser).back().second, 300);
     browser.dataView.SetViewMode(ViewMode::TreeAndList);  // the list beside the tree
-    EXPECT_LT(browser.ListBox().GetItemWidth(), 300);
+    EXPECT_LT(browser.ListBox().GetItemWidth(), 620);
     EXPECT_EQ(Tabs(browser).back().second, browser.ListBox().GetItemWidth());
-}
+    browser.dataView.SetViewMode(ViewMode::FlatList);
 
-TEST(DataViewColumnsTest, ColumnWidthsRoundTripThroughTheStateAndWidthsThatAreNoLengthsAreRefused)
-{
-    Browser browser;
-    AddColumns(browser);
     ColumnState custom = List(browser).GetColumnState();
     custom.columns.Put(1, {true, 150});
     custom.columns.Put(2, {true, 450});
@@ -188,7 +181,6 @@ TEST(DataViewColumnsTest, ColumnWidthsRoundTripThroughTheStateAndWidthsThatAreNo
     List(browser).ApplyColumnState(custom);
     EXPECT_EQ(Tabs(browser), (TabList {{0, 155}, {155, 620}}));
     const std::vector<NK::Byte> before = Written(browser);
-
     Browser second;
     AddColumns(second);
     NK::MemoryIChannel channel(before);
@@ -196,26 +188,23 @@ TEST(DataViewColumnsTest, ColumnWidthsRoundTripThroughTheStateAndWidthsThatAreNo
     EXPECT_TRUE(List(second).GetColumnState() == List(browser).GetColumnState());
     EXPECT_EQ(Tabs(second), Tabs(browser));
 
-    for (float width : {std::numeric_limits<float>::quiet_NaN(), static_cast<float>(1e300), -5.0f, 1e30f}) {
-        // The data view's own state, with the flat list's Name column at the damaged width.
-        ColumnState columns = List(browser).GetColumnState();
-        columns.columns.Put(1, {true, width});
-        FolderedDataView::State state;
-        state.SetViewMode(ViewMode::FlatList);
-        for (const auto& entry : browser.dataView.GetState()->GetViewStates()) {
-            WZ::Folderable::Views::View& view = *browser.dataView.GetView(entry.first);
-            state.PutViewState(entry.first, entry.first != ViewMode::FlatList
-                                                ? view.GetState()
-                                                : NK::NewOwned<WZ::Folderable::Views::ListBoxBaseView::ViewState>(
-                                                      view.GetLayout()->GetState(), columns));
-        }
-        NK::MemoryOChannel out;
-        ASSERT_EQ(state.Write(out), NK::NoError);
-        NK::MemoryIChannel in(out.GetBytes());
+    // The written state with the Name column's width (its float bits, little-endian) damaged.
+    const auto nameBits = std::bit_cast<std::uint32_t>(List(browser).GetColumnState().columns.Get(1).width);
+    const NK::Byte nameWidth[] = {NK::Byte(nameBits), NK::Byte(nameBits >> 8), NK::Byte(nameBits >> 16), NK::Byte(nameBits >> 24)};
+    for (float width : {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(), -5.0f, 1e30f}) {
+        std::vector<NK::Byte> damaged = before;
+        auto at = std::search(damaged.begin(), damaged.end(), std::begin(nameWidth), std::end(nameWidth));
+        ASSERT_NE(at, damaged.end());
+        const auto bits = std::bit_cast<std::uint32_t>(width);
+        for (int i = 0; i < 4; ++i)
+            at[i] = static_cast<NK::Byte>(bits >> (8 * i));
+        NK::MemoryIChannel in(damaged);
         EXPECT_EQ(second.dataView.ReadState(in), NK::ErrMissingElement) << width;
         EXPECT_EQ(Tabs(second), Tabs(browser)) << width;
         EXPECT_EQ(Written(second), before) << width;
     }
+    browser.dataView.Resize(300, 400);
+    EXPECT_EQ(Tabs(browser).back().second, 300);
 }
 
 }  // namespace
