@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <limits>
 
 namespace {
@@ -33,57 +36,42 @@ public:
     mutable QM::ListBox listBox {dialog, QM::Rect(0, 0, 10, 10)};
 };
 
-std::vector<NK::Byte> Bytes(const Layout::LayoutState& state)
-{
-    NK::MemoryOChannel channel;
-    EXPECT_EQ(state.Write(channel), NK::NoError);
-    return channel.GetBytes();
-}
-
 class LayoutsTest : public ::testing::Test {
 protected:
     Controls controls;
     const QM::Rect rect {10, 20, 510, 320};
 };
 
-TEST_F(LayoutsTest, NormalLayoutPutsTheSearchFieldAboveTheContentAndGivesItsRoomBackWhenHidden)
+TEST_F(LayoutsTest, NormalLayoutsPutTheSearchFieldAboveTheContentAndGiveItsRoomBackWhenHidden)
 {
     HierarchicalLayout layout(controls);
     layout.ApplyLayout(rect);
     EXPECT_EQ(controls.searchField.GetRect(), QM::Rect(10, 20, 510, 40));
     EXPECT_EQ(controls.table.GetRect(), QM::Rect(10, 44, 510, 320));
-    EXPECT_EQ(layout.GetRect(), rect);
-
     layout.Show();
     layout.SetSearchFieldVisible(false);
     EXPECT_FALSE(controls.searchField.IsVisible());
     EXPECT_EQ(controls.table.GetRect(), rect);
 
-    // The flat list places the list box, not the table.
+    // The flat list places and shows the list box, not the table, and keeps a hidden search field hidden.
     FlatListLayout flat(controls);
+    flat.Hide();
+    EXPECT_FALSE(controls.listBox.IsVisible());
+    EXPECT_TRUE(controls.table.IsVisible());
+    flat.ApplyState(NormalLayout::LayoutState(false));
     flat.Show();
+    EXPECT_TRUE(controls.listBox.IsVisible());
+    EXPECT_FALSE(controls.searchField.IsVisible());
+    flat.SetSearchFieldVisible(true);
     flat.ApplyLayout(QM::Rect(0, 0, 200, 100));
     EXPECT_EQ(controls.listBox.GetRect(), QM::Rect(0, 24, 200, 100));
     EXPECT_EQ(controls.table.GetRect(), rect);
 }
 
-TEST_F(LayoutsTest, ShowAndHideSwitchWhatTheLayoutPlacesAndKeepAHiddenSearchFieldHidden)
-{
-    FlatListLayout layout(controls);
-    layout.Hide();
-    EXPECT_FALSE(controls.listBox.IsVisible());
-    EXPECT_FALSE(controls.searchField.IsVisible());
-    EXPECT_TRUE(controls.table.IsVisible());  // not the flat list's
-
-    layout.ApplyState(NormalLayout::LayoutState(false));
-    layout.Show();
-    EXPECT_TRUE(controls.listBox.IsVisible());
-    EXPECT_FALSE(controls.searchField.IsVisible());
-}
-
-TEST_F(LayoutsTest, TreeAndListLayoutPlacesTreeSplitterHeaderRowAndList)
+TEST_F(LayoutsTest, TreeAndListLayoutPlacesItsControlsAndFollowsTheSplitter)
 {
     TreeAndListLayout layout(controls);
+    layout.Show();
     layout.ApplyLayout(rect);
     const short top = 44;  // below the search field and the gap
     EXPECT_EQ(controls.tree.GetRect(), QM::Rect(10, top, 190, 320));
@@ -94,20 +82,11 @@ TEST_F(LayoutsTest, TreeAndListLayoutPlacesTreeSplitterHeaderRowAndList)
     // The splitter keeps both panes at their minimum widths.
     EXPECT_EQ(controls.splitter.GetMinimum(), 10 + TreeAndListLayout::minTreeWidth);
     EXPECT_EQ(controls.splitter.GetMaximum(), 510 - TreeAndListLayout::minListWidth - TreeAndListLayout::splitterWidth);
-}
 
-TEST_F(LayoutsTest, DraggingTheSplitterSetsTheTreeWidthAndPlacesTheListAgain)
-{
-    TreeAndListLayout layout(controls);
-    layout.Show();
-    layout.ApplyLayout(rect);
     controls.splitter.SimulateUserDrag(70);
     EXPECT_EQ(layout.GetSplitterState().treeWidth, 250);
-    EXPECT_EQ(controls.tree.GetRect().GetWidth(), 250);
     EXPECT_EQ(controls.listBox.GetRect().GetLeft(), 10 + 250 + TreeAndListLayout::splitterWidth);
-
-    // Dragged past the list's minimum: the splitter stops there.
-    controls.splitter.SimulateUserDrag(1000);
+    controls.splitter.SimulateUserDrag(1000);  // past the list's minimum: the splitter stops there
     EXPECT_EQ(controls.listBox.GetRect().GetWidth(), TreeAndListLayout::minListWidth);
 
     // The wanted width is kept when the rectangle is narrowed, and fitted for placing.
@@ -117,147 +96,115 @@ TEST_F(LayoutsTest, DraggingTheSplitterSetsTheTreeWidthAndPlacesTheListAgain)
     EXPECT_EQ(narrow.GetSplitterState().treeWidth, TreeAndListLayout::defaultTreeWidth);
 }
 
-TEST_F(LayoutsTest, StatesRoundTripAndAFailedReadLeavesThemAsTheyWere)
+TEST_F(LayoutsTest, StatesRoundTripAndABadOneLeavesThemAsTheyWere)
 {
     TreeAndListLayout layout(controls);
     layout.ApplyLayout(rect);
     layout.ApplyState(TreeAndListLayout::LayoutState(false, {300}));
-    EXPECT_EQ(controls.tree.GetRect().GetWidth(), 300);
-    EXPECT_EQ(controls.tree.GetRect().GetTop(), 20);  // no search field
+    EXPECT_EQ(controls.tree.GetRect(), QM::Rect(10, 20, 310, 320));  // no search field
 
-    const std::vector<NK::Byte> bytes = Bytes(*layout.GetState());
-    EXPECT_EQ(bytes, (std::vector<NK::Byte> {0, 0x2C, 0x01}));
+    NK::MemoryOChannel out;
+    ASSERT_EQ(layout.GetState()->Write(out), NK::NoError);
+    EXPECT_EQ(out.GetBytes(), (std::vector<NK::Byte> {0, 0x2C, 0x01}));
     auto fresh = layout.CreateDefaultState();
-    NK::MemoryIChannel channel(bytes);
+    NK::MemoryIChannel channel(out.GetBytes());
     EXPECT_EQ(fresh->Read(channel), NK::NoError);
     EXPECT_TRUE(fresh->IsEqual(*layout.GetState()));
-
-    NK::MemoryIChannel negative(std::vector<NK::Byte> {1, 0xFF, 0xFF});
-    auto refused = layout.CreateDefaultState();
-    EXPECT_EQ(refused->Read(negative), NK::ErrMissingElement);
-    EXPECT_TRUE(refused->IsEqual(*layout.CreateDefaultState()));
-
-    NK::MemoryIChannel truncated(std::vector<NK::Byte> {0, 0x2C});
-    EXPECT_NE(refused->Read(truncated), NK::NoError);
-    EXPECT_TRUE(refused->IsEqual(*layout.CreateDefaultState()));
-
-    // The normal layout's state is the search field's flag alone.
+    for (const std::vector<NK::Byte>& damaged : {std::vector<NK::Byte> {1, 0xFF, 0xFF}, std::vector<NK::Byte> {0, 0x2C}}) {
+        auto refused = layout.CreateDefaultState();
+        NK::MemoryIChannel in(damaged);
+        EXPECT_NE(refused->Read(in), NK::NoError);  // a negative tree width, a cut-off stream
+        EXPECT_TRUE(refused->IsEqual(*layout.CreateDefaultState()));
+    }
     NormalLayout::LayoutState normal(true);
-    NK::MemoryIChannel hidden(std::vector<NK::Byte> {0});
-    EXPECT_EQ(normal.Read(hidden), NK::NoError);
-    EXPECT_FALSE(normal.IsSearchFieldVisible());
     NK::MemoryIChannel empty(std::vector<NK::Byte> {});
     EXPECT_NE(normal.Read(empty), NK::NoError);
-    EXPECT_FALSE(normal.IsSearchFieldVisible());
-}
+    EXPECT_TRUE(normal.IsSearchFieldVisible());
 
-TEST_F(LayoutsTest, AStateOfAnotherLayoutKindIsReportedAndIgnored)
-{
-    TreeAndListLayout layout(controls);
-    layout.ApplyState(TreeAndListLayout::LayoutState(true, {222}));
+    // A state of another layout kind is reported and ignored.
     NK::AssertCapture capture;
-    layout.ApplyState(NormalLayout::LayoutState(false));
-    ASSERT_EQ(capture.GetReports().size(), 1u);
-    EXPECT_EQ(capture.GetReports()[0].expression, "treeAndList != nullptr");
-    EXPECT_EQ(layout.GetSplitterState().treeWidth, 222);
-    EXPECT_TRUE(layout.IsSearchFieldVisible());
+    layout.ApplyState(NormalLayout::LayoutState(true));
+    EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"treeAndList != nullptr"}));
+    EXPECT_EQ(layout.GetSplitterState().treeWidth, 300);
+    EXPECT_FALSE(layout.IsSearchFieldVisible());
 }
 
 // ---- a whole data view: its list's columns and their state ---------------------------------
 
 using ColumnState = WZ::Folderable::Views::ListBoxBaseView::ColumnState;
+using TabList = std::vector<std::pair<short, short>>;
 
-class DataViewColumnsTest : public ::testing::Test {
-protected:
-    // Name and Kind share the room, Size keeps 60 pixels.
-    static void AddColumns(Browser& browser)
-    {
-        WZ::Folderable::UntypedListBox& list = *browser.dataView.GetListBoxDataView();
-        list.AddTextColumn(2, "Kind", NK::NewOwned<WZ::ProportionalColumn>(1.0f, 100), [](const ListBoxItem&) { return NK::UniString("-"); });
-        list.AddTextColumn(3, "Size", NK::NewOwned<WZ::FixedColumn>(60), [](const ListBoxItem&) { return NK::UniString("1 KB"); });
-        list.SetupColumns();
-        browser.dataView.SetItems(BuildForest({Node("Recipes", {Node("Soups"), Node("Bread")}), Node("Letters")}));
-        browser.dataView.CreateDefaultState();
-        browser.dataView.SetViewMode(ViewMode::FlatList);
-        browser.dataView.ShowCurrentView();
-        browser.dataView.InitRect();
-    }
-
-    DataViewColumnsTest() { AddColumns(browser); }
-
-    WZ::Folderable::UntypedListBox& List(Browser& b) { return *b.dataView.GetListBoxDataView(); }
-    std::vector<std::pair<short, short>> Tabs(Browser& b)
-    {
-        std::vector<std::pair<short, short>> tabs;
-        for (short tab = 1; tab <= b.ListBox().GetTabFieldCount(); ++tab)
-            tabs.emplace_back(b.ListBox().GetTabFieldBeginPosition(tab), b.ListBox().GetTabFieldEndPosition(tab));
-        return tabs;
-    }
-    std::vector<NK::Byte> Written(Browser& b)
-    {
-        NK::MemoryOChannel channel;
-        EXPECT_EQ(b.dataView.WriteState(channel), NK::NoError);
-        return channel.GetBytes();
-    }
-
-    Browser browser;
-};
-
-TEST_F(DataViewColumnsTest, TheListsTabFieldsFollowEveryPlacementOfTheList)
+// Name and Kind share the room, Size keeps 60 pixels.
+void AddColumns(Browser& browser)
 {
-    auto lastEnd = [&] { return Tabs(browser).back().second; };
-    EXPECT_EQ(lastEnd(), browser.ListBox().GetItemWidth());
-    browser.dataView.Resize(300, 400);
-    EXPECT_EQ(browser.ListBox().GetRect().GetWidth(), 300);
-    EXPECT_EQ(lastEnd(), 300);
-    browser.dataView.SetViewMode(ViewMode::TreeAndList);  // the list beside the tree
-    EXPECT_LT(browser.ListBox().GetItemWidth(), 300);
-    EXPECT_EQ(lastEnd(), browser.ListBox().GetItemWidth());
+    WZ::Folderable::UntypedListBox& list = *browser.dataView.GetListBoxDataView();
+    list.AddTextColumn(2, "Kind", NK::NewOwned<WZ::ProportionalColumn>(1.0f, 100), [](const ListBoxItem&) { return NK::UniString("-"); });
+    list.AddTextColumn(3, "Size", NK::NewOwned<WZ::FixedColumn>(60), [](const ListBoxItem&) { return NK::UniString("1 KB"); });
+    list.SetupColumns();
+    browser.dataView.SetItems(BuildForest({Node("Recipes", {Node("Soups"), Node("Bread")}), Node("Letters")}));
+    browser.dataView.CreateDefaultState();
+    browser.dataView.SetViewMode(ViewMode::FlatList);
+    browser.dataView.ShowCurrentView();
+    browser.dataView.InitRect();
+}
+WZ::Folderable::UntypedListBox& List(Browser& b) { return *b.dataView.GetListBoxDataView(); }
+TabList Tabs(Browser& b)
+{
+    TabList tabs;
+    for (short tab = 1; tab <= b.ListBox().GetTabFieldCount(); ++tab)
+        tabs.emplace_back(b.ListBox().GetTabFieldBeginPosition(tab), b.ListBox().GetTabFieldEndPosition(tab));
+    return tabs;
+}
+std::vector<NK::Byte> Written(Browser& b)
+{
+    NK::MemoryOChannel channel;
+    EXPECT_EQ(b.dataView.WriteState(channel), NK::NoError);
+    return channel.GetBytes();
 }
 
-TEST_F(DataViewColumnsTest, CustomColumnWidthsRoundTripThroughTheState)
+// The list's tab fields follow every placement of the list; its column widths round-trip through
+// the data view's state, and a state whose widths are no pixel lengths is refused as a whole.
+TEST(DataViewColumnsTest, ColumnsFollowTheListAndRoundTripThroughTheState)
 {
+    Browser browser;
+    AddColumns(browser);
+    EXPECT_EQ(Tabs(browser).back().second, browser.ListBox().GetItemWidth());
+    browser.dataView.SetViewMode(ViewMode::TreeAndList);  // the list beside the tree
+    EXPECT_LT(browser.ListBox().GetItemWidth(), 620);
+    EXPECT_EQ(Tabs(browser).back().second, browser.ListBox().GetItemWidth());
+    browser.dataView.SetViewMode(ViewMode::FlatList);
+
     ColumnState custom = List(browser).GetColumnState();
     custom.columns.Put(1, {true, 150});
     custom.columns.Put(2, {true, 450});
     custom.columns.Put(3, {false, 60});
     List(browser).ApplyColumnState(custom);
-    const ColumnState shown = List(browser).GetColumnState();
-    EXPECT_EQ(Tabs(browser), (std::vector<std::pair<short, short>> {{0, 155}, {155, 620}}));
-
+    EXPECT_EQ(Tabs(browser), (TabList {{0, 155}, {155, 620}}));
+    const std::vector<NK::Byte> before = Written(browser);
     Browser second;
     AddColumns(second);
-    NK::MemoryIChannel channel(Written(browser));
+    NK::MemoryIChannel channel(before);
     ASSERT_EQ(second.dataView.ReadState(channel), NK::NoError);
-    EXPECT_TRUE(List(second).GetColumnState() == shown);
+    EXPECT_TRUE(List(second).GetColumnState() == List(browser).GetColumnState());
     EXPECT_EQ(Tabs(second), Tabs(browser));
-}
 
-TEST_F(DataViewColumnsTest, AStateWithWidthsThatAreNoPixelLengthsIsRefusedAndTheLayoutKept)
-{
-    const std::vector<NK::Byte> before = Written(browser);
-    const auto tabsBefore = Tabs(browser);
-    const float damaged[] = {std::numeric_limits<float>::quiet_NaN(), static_cast<float>(1e300), -5.0f, 1e30f};
-    for (float width : damaged) {
-        // The data view's own state, with the flat list's Name column at the damaged width.
-        ColumnState columns = List(browser).GetColumnState();
-        columns.columns.Put(1, {true, width});
-        FolderedDataView::State state;
-        state.SetViewMode(ViewMode::FlatList);
-        for (const auto& entry : browser.dataView.GetState()->GetViewStates()) {
-            WZ::Folderable::Views::View& view = *browser.dataView.GetView(entry.first);
-            state.PutViewState(entry.first, entry.first != ViewMode::FlatList
-                                                ? view.GetState()
-                                                : NK::NewOwned<WZ::Folderable::Views::ListBoxBaseView::ViewState>(
-                                                      view.GetLayout()->GetState(), columns));
-        }
-        NK::MemoryOChannel out;
-        ASSERT_EQ(state.Write(out), NK::NoError);
-        NK::MemoryIChannel in(out.GetBytes());
-        EXPECT_EQ(browser.dataView.ReadState(in), NK::ErrMissingElement) << width;
-        EXPECT_EQ(Tabs(browser), tabsBefore) << width;
-        EXPECT_EQ(Written(browser), before) << width;
+    // The written state with the Name column's width (its float bits, little-endian) damaged.
+    const auto nameBits = std::bit_cast<std::uint32_t>(List(browser).GetColumnState().columns.Get(1).width);
+    const NK::Byte nameWidth[] = {NK::Byte(nameBits), NK::Byte(nameBits >> 8), NK::Byte(nameBits >> 16), NK::Byte(nameBits >> 24)};
+    for (float width : {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(), -5.0f, 1e30f}) {
+        std::vector<NK::Byte> damaged = before;
+        auto at = std::search(damaged.begin(), damaged.end(), std::begin(nameWidth), std::end(nameWidth));
+        ASSERT_NE(at, damaged.end());
+        const auto bits = std::bit_cast<std::uint32_t>(width);
+        for (int i = 0; i < 4; ++i)
+            at[i] = static_cast<NK::Byte>(bits >> (8 * i));
+        NK::MemoryIChannel in(damaged);
+        EXPECT_EQ(second.dataView.ReadState(in), NK::ErrMissingElement) << width;
+        EXPECT_EQ(Tabs(second), Tabs(browser)) << width;
+        EXPECT_EQ(Written(second), before) << width;
     }
+    browser.dataView.Resize(300, 400);
+    EXPECT_EQ(Tabs(browser).back().second, 300);
 }
 
 }  // namespace

@@ -15,7 +15,8 @@
 namespace {
 
 using Justification = QM::ListBox::Justification;
-using Truncation = QM::ListBox::Truncation;
+using Tabs = std::vector<std::pair<short, short>>;
+using Sizes = std::vector<short>;
 
 // Reaches the manager's reaction to a dragged header, which the list box views call.
 class Manager : public WZ::ColumnManager<short, short> {
@@ -27,52 +28,44 @@ class ColumnManagerTest : public ::testing::Test {
 protected:
     ColumnManagerTest() { listBox.SetHasHeader(true); }
 
-    // Name (proportional 40/200, sizeable) | Size (fixed 60) + Date (proportional 30/100)
+    // Name (proportional 40/200, sizeable) | Details: Size (fixed 60) + Date (proportional 30/100)
     void AddThreeColumns()
     {
-        auto& name = manager.AddHeader(1, "Name");
-        manager.AddProportionalColumn(10, name, 40, 200).SetSizeable(true).SetTruncation(Truncation::End);
+        manager.AddProportionalColumn(10, manager.AddHeader(1, "Name"), 40, 200).SetSizeable(true);
         auto& details = manager.AddHeader(2, "Details").SetArrowType(QM::ListBox::ArrowType::Down);
         manager.AddFixedColumn(20, details, 60).SetJustification(Justification::Right);
         manager.AddProportionalColumn(30, details, 30, 100).SetOwnerDraw(true);
     }
-
-    // The three columns, set up on the list box and laid out.
-    void LayOutThreeColumns()
+    void LayOut()
     {
-        AddThreeColumns();
         manager.Setup(listBox);
         manager.Resize(listBox, false);
     }
-
-    void SetTabs(const std::vector<std::pair<short, short>>& tabs)
+    void SetTabs(const Tabs& tabs)
     {
         for (size_t i = 0; i < tabs.size(); ++i)
             listBox.SetTabFieldBeginEndPosition(static_cast<short>(i + 1), tabs[i].first, tabs[i].second);
     }
-
-    std::vector<std::pair<short, short>> Tabs() const
+    Tabs GetTabs() const
     {
-        std::vector<std::pair<short, short>> tabs;
+        Tabs tabs;
         for (short tab = 1; tab <= listBox.GetTabFieldCount(); ++tab)
             tabs.emplace_back(listBox.GetTabFieldBeginPosition(tab), listBox.GetTabFieldEndPosition(tab));
         return tabs;
     }
-
-    static std::vector<short> Ids(const NK::Array<Manager::Column*>& columns)
+    Sizes HeaderSizes() const
     {
-        std::vector<short> ids;
-        for (auto* column : columns)
-            ids.push_back(column->GetId());
-        return ids;
-    }
-
-    std::vector<short> HeaderSizes() const
-    {
-        std::vector<short> sizes;
+        Sizes sizes;
         for (short item = 1; item <= listBox.GetHeaderItemCount(); ++item)
             sizes.push_back(listBox.GetHeaderItemSize(item));
         return sizes;
+    }
+    static Sizes Ids(const NK::Array<Manager::Column*>& columns)
+    {
+        Sizes ids;
+        for (auto* column : columns)
+            ids.push_back(column->GetId());
+        return ids;
     }
 
     QM::Dialog dialog {"Columns", 600, 400};
@@ -80,27 +73,31 @@ protected:
     Manager manager;
 };
 
-TEST_F(ColumnManagerTest, SetupConfiguresHeaderItemsAndTabFields)
+TEST_F(ColumnManagerTest, SetupConfiguresHeaderItemsAndTabFieldsAndResizeTilesThem)
 {
     AddThreeColumns();
     manager.SetDraggableHeaderButtons(true);
     QM::Item edit(dialog, QM::Rect(0, 0, 10, 10));
     listBox.SetTabFieldCount(2);
     listBox.SetOnTabItem(2, &edit);
-    manager.Setup(listBox);
+    LayOut();
     EXPECT_EQ(listBox.GetOnTabItem(2), nullptr);
-
     EXPECT_FALSE(listBox.GetHeaderSynchronState());
     EXPECT_TRUE(listBox.HasHeaderDragableButtons());
-    ASSERT_EQ(listBox.GetHeaderItemCount(), 2);
     EXPECT_TRUE(listBox.GetHeaderItemSizeableFlag(1));
-    EXPECT_EQ(listBox.GetHeaderItemArrowType(2), QM::ListBox::ArrowType::Down);
     EXPECT_FALSE(listBox.GetHeaderItemSizeableFlag(2));
+    EXPECT_EQ(listBox.GetHeaderItemArrowType(2), QM::ListBox::ArrowType::Down);
     EXPECT_EQ(listBox.GetHeaderItemMinSize(2), 90);  // the minimums of its columns summed
-    ASSERT_EQ(listBox.GetTabFieldCount(), 3);
-    EXPECT_EQ(listBox.GetTabFieldTruncation(1), Truncation::End);
     EXPECT_EQ(listBox.GetTabFieldJustification(2), Justification::Right);
     EXPECT_TRUE(listBox.GetTabFieldOwnerDrawFlag(3));
+    // 330 - 60 fixed = 270 shared 200:100 -> 180 and 90.
+    EXPECT_EQ(GetTabs(), (Tabs {{0, 180}, {180, 240}, {240, 330}}));
+    EXPECT_EQ(HeaderSizes(), (Sizes {180, 150}));
+
+    // The header button takes its width off the columns' room.
+    manager.SetHeaderButtonIconToDefault();
+    LayOut();
+    EXPECT_EQ(GetTabs().back().second, 330 - QM::ListBox::HeaderButtonWidth);
 }
 
 TEST_F(ColumnManagerTest, HeaderPropertiesFollowItsVisibleColumns)
@@ -108,7 +105,6 @@ TEST_F(ColumnManagerTest, HeaderPropertiesFollowItsVisibleColumns)
     AddThreeColumns();
     WZ::HeaderDescriptorBase& details = *manager.GetHeader(2);
     EXPECT_FALSE(details.IsFixed());  // one fixed, one proportional
-    EXPECT_FALSE(details.IsSizeable());
     manager.GetColumn(30)->SetSizeable(true);
     EXPECT_TRUE(details.IsSizeable());
     EXPECT_EQ(details.GetWidth(), 160);
@@ -116,12 +112,9 @@ TEST_F(ColumnManagerTest, HeaderPropertiesFollowItsVisibleColumns)
     manager.GetColumn(30)->SetVisible(false);
     EXPECT_TRUE(details.IsFixed());
     EXPECT_FALSE(details.IsSizeable());  // the sizeable column is hidden
-    EXPECT_EQ(details.GetWidth(), 60);
     EXPECT_EQ(details.GetMinWidth(), 60);
-
     manager.GetColumn(20)->SetVisible(false);
     EXPECT_FALSE(details.IsVisible());
-    EXPECT_TRUE(details.IsFixed());  // no visible column counts as fixed
     EXPECT_EQ(details.GetWidth(), 0);
 
     // Sums of whole pixels, held in the 16-bit range.
@@ -136,42 +129,21 @@ TEST_F(ColumnManagerTest, HeaderPropertiesFollowItsVisibleColumns)
     EXPECT_EQ(header.GetWidth(), 32767);
 }
 
-TEST_F(ColumnManagerTest, HiddenHeaderGetsNoHeaderItemAndItsColumnsNoTabFields)
+TEST_F(ColumnManagerTest, HiddenColumnsGetNoTabFieldsAndHiddenHeadersNoHeaderItems)
 {
     AddThreeColumns();
     for (short id : {10, 20, 30})
         manager.GetColumn(id)->SetVisible(false);
-    manager.Setup(listBox);
-    manager.Resize(listBox, false);
+    LayOut();
     EXPECT_EQ(listBox.GetHeaderItemCount(), 0);
     EXPECT_EQ(listBox.GetTabFieldCount(), 0);  // no column, no tab field
-    for (short id : {10, 20, 30})
-        manager.GetColumn(id)->SetVisible(true);
-
-    manager.GetColumn(10)->SetVisible(false);
-    manager.Setup(listBox);
-    manager.Resize(listBox, false);
-    ASSERT_EQ(listBox.GetHeaderItemCount(), 1);
+    manager.GetColumn(20)->SetVisible(true);
+    manager.GetColumn(30)->SetVisible(true);
+    LayOut();
     EXPECT_EQ(listBox.GetHeaderItemText(1), NK::UniString("Details"));
-    EXPECT_EQ(listBox.GetTabFieldCount(), 2);
     EXPECT_EQ(listBox.GetTabFieldJustification(1), Justification::Right);
-    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 60}, {60, 330}}));
-    EXPECT_EQ(HeaderSizes(), (std::vector<short> {330}));
-}
-
-TEST_F(ColumnManagerTest, ResizeTilesTabFieldsAndSizesHeaderItemsToTheirColumns)
-{
-    LayOutThreeColumns();
-    // 330 - 60 fixed = 270 shared 200:100 -> 180 and 90.
-    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 180}, {180, 240}, {240, 330}}));
-    EXPECT_EQ(HeaderSizes(), (std::vector<short> {180, 150}));
-
-    // The header button takes its width off the columns' room.
-    manager.SetHeaderButtonIconToDefault();
-    manager.Setup(listBox);
-    manager.Resize(listBox, false);
-    EXPECT_EQ(listBox.GetItemWidth(), 330 - QM::ListBox::HeaderButtonWidth);
-    EXPECT_EQ(Tabs().back().second, 312);
+    EXPECT_EQ(GetTabs(), (Tabs {{0, 60}, {60, 330}}));
+    EXPECT_EQ(HeaderSizes(), (Sizes {330}));
 }
 
 // Without a header the list box gets tab fields but no header calls, and the only icon it gets
@@ -181,14 +153,11 @@ TEST_F(ColumnManagerTest, ListBoxWithoutHeaderGetsTabFieldsAndTheButtonIconOnlyW
     listBox.SetHasHeader(false);
     AddThreeColumns();
     manager.SetHeaderButtonIconToDefault();
-    manager.Setup(listBox);
-    manager.Resize(listBox, false);
+    LayOut();
     EXPECT_EQ(listBox.GetHeaderItemCount(), 0);
     EXPECT_EQ(listBox.GetJournal().GetCount(QM::Op::SetText), 0u);
-    EXPECT_EQ(Tabs().back().second, 330);  // without a header there is no header button to leave room for
-    EXPECT_TRUE(listBox.IsHeaderButtonEnabled());
+    EXPECT_EQ(GetTabs().back().second, 330);  // no header, no header button to leave room for
     EXPECT_EQ(listBox.GetHeaderButtonIcon(), QM::Icon(-4, 17));
-    EXPECT_EQ(listBox.GetJournal().GetCount(QM::Op::SetIcon), 1u);
     manager.Setup(listBox);
     EXPECT_EQ(listBox.GetJournal().GetCount(QM::Op::SetIcon), 1u);
     manager.SetHeaderButtonIcon(QM::Icon(7, 3));
@@ -199,53 +168,53 @@ TEST_F(ColumnManagerTest, ListBoxWithoutHeaderGetsTabFieldsAndTheButtonIconOnlyW
 
 TEST_F(ColumnManagerTest, DraggedDividerIsSharedByTheHeadersColumnsAndTabsTiledAgain)
 {
-    LayOutThreeColumns();
+    AddThreeColumns();
+    LayOut();
     ASSERT_TRUE(listBox.SimulateUserDragHeaderDivider(1, 120));
-    // The toolkit does not move the tab fields itself: synchronisation is off.
-    EXPECT_EQ(Tabs()[0], (std::pair<short, short> {0, 180}));
+    EXPECT_EQ(GetTabs()[0], (std::pair<short, short> {0, 180}));  // synchronisation is off
     manager.HeaderResized(listBox, 1, 120);
-    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 120}, {120, 180}, {180, 270}}));
-    EXPECT_EQ(HeaderSizes(), (std::vector<short> {120, 150}));  // header items stay as dragged
+    EXPECT_EQ(GetTabs(), (Tabs {{0, 120}, {120, 180}, {180, 270}}));
+    EXPECT_EQ(HeaderSizes(), (Sizes {120, 150}));  // header items stay as dragged
 
     listBox.SetHeaderItemSizeableFlag(2, true);
     ASSERT_TRUE(listBox.SimulateUserDragHeaderDivider(2, 100));
     manager.HeaderResized(listBox, 2, 100);
     // Details 100: fixed 60 keeps its width while the proportional one (min 30) gets the rest.
-    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 120}, {120, 180}, {180, 220}}));
+    EXPECT_EQ(GetTabs(), (Tabs {{0, 120}, {120, 180}, {180, 220}}));
 
     // Dragged outward past the list box: Details gives back down to its minimum 90, then Name
     // itself, so that the tab fields end at the list box's width.
     manager.Resize(listBox, false);
     ASSERT_TRUE(listBox.SimulateUserDragHeaderDivider(1, 250));
     manager.HeaderResized(listBox, 1, 250);
-    EXPECT_EQ(HeaderSizes(), (std::vector<short> {240, 90}));
-    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 240}, {240, 300}, {300, 330}}));
+    EXPECT_EQ(HeaderSizes(), (Sizes {240, 90}));
+    EXPECT_EQ(GetTabs(), (Tabs {{0, 240}, {240, 300}, {300, 330}}));
 }
 
 TEST_F(ColumnManagerTest, ResizeCanKeepTheUsersColumnProportions)
 {
-    LayOutThreeColumns();
+    AddThreeColumns();
+    LayOut();
     SetTabs({{0, 90}, {90, 150}, {150, 240}});  // the user narrowed Name to half
     listBox.Resize(390, 200);
-
     manager.Resize(listBox, std::set<short> {1});  // Name keeps its model width (180)
-    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 220}, {220, 280}, {280, 390}}));
+    EXPECT_EQ(GetTabs(), (Tabs {{0, 220}, {220, 280}, {280, 390}}));
 
     SetTabs({{0, 90}, {90, 150}, {150, 240}});
     manager.Resize(listBox, true);  // 90:90 read back -> equal shares of 330
-    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 165}, {165, 225}, {225, 390}}));
-
+    EXPECT_EQ(GetTabs(), (Tabs {{0, 165}, {165, 225}, {225, 390}}));
     manager.Resize(listBox, false);  // without reading back, the model's widths decide
-    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 165}, {165, 225}, {225, 390}}));
+    EXPECT_EQ(GetTabs(), (Tabs {{0, 165}, {165, 225}, {225, 390}}));
 }
 
 TEST_F(ColumnManagerTest, DraggedHeaderTakesItsColumnsAlong)
 {
-    LayOutThreeColumns();
+    AddThreeColumns();
+    LayOut();
     manager.HeaderDragged(listBox, 2, 1);
     EXPECT_EQ(listBox.GetHeaderItemText(1), NK::UniString("Details"));
-    EXPECT_EQ(Ids(manager.GetVisibleColumns()), (std::vector<short> {20, 30, 10}));
-    EXPECT_EQ(Tabs(), (std::vector<std::pair<short, short>> {{0, 60}, {60, 150}, {150, 330}}));
+    EXPECT_EQ(Ids(manager.GetVisibleColumns()), (Sizes {20, 30, 10}));
+    EXPECT_EQ(GetTabs(), (Tabs {{0, 60}, {60, 150}, {150, 330}}));
     EXPECT_EQ(manager.GetTabIndex(10), 3);
     EXPECT_TRUE(listBox.GetTabFieldOwnerDrawFlag(2));
 }
@@ -259,7 +228,7 @@ TEST_F(ColumnManagerTest, ColumnsStayInHeaderOrderAndDuplicateIdsAreRefused)
     manager.AddFixedColumn(11, first, 10);
     manager.AddFixedColumn(22, second, 10);
     auto& column = manager.AddFixedColumn(12, first, 10);
-    EXPECT_EQ(Ids(manager.GetColumns()), (std::vector<short> {11, 12, 21, 22}));
+    EXPECT_EQ(Ids(manager.GetColumns()), (Sizes {11, 12, 21, 22}));
     EXPECT_EQ(manager.GetColumnOfTab(3)->GetId(), 21);
     EXPECT_EQ(manager.GetColumnOfTab(5), nullptr);
 
@@ -267,7 +236,6 @@ TEST_F(ColumnManagerTest, ColumnsStayInHeaderOrderAndDuplicateIdsAreRefused)
     EXPECT_EQ(&manager.AddFixedColumn(12, second, 99), &column);
     EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"header id is new", "column id is new"}));
     EXPECT_EQ(manager.GetColumns().GetSize(), 4u);
-    EXPECT_EQ(first.GetText(), NK::UniString("First"));
 }
 
 TEST_F(ColumnManagerTest, StateRestoresVisibilityAndWidthsByIdAndRefusesWidthsThatAreNoLengths)
@@ -276,8 +244,6 @@ TEST_F(ColumnManagerTest, StateRestoresVisibilityAndWidthsByIdAndRefusesWidthsTh
     Manager::State saved = manager.GetState();
     manager.GetColumn(10)->SetWidth(55);
     manager.GetColumn(30)->SetVisible(false);
-    EXPECT_FALSE(manager.GetState() == saved);
-
     Manager::State withStranger = saved;
     withStranger.columns.Add(77, {false, 12});
     manager.ApplyState(withStranger);
@@ -308,13 +274,11 @@ TEST_F(ColumnManagerTest, TabFieldsTileWithoutGapsAfterAnyResize)
         for (short headerId = 1, headers = static_cast<short>(pick(1, 4)); headerId <= headers; ++headerId) {
             auto& header = local.AddHeader(headerId, "h");
             for (int c = pick(1, 3); c > 0; --c) {
-                bool visible = pick(0, 4) != 0;
-                float minWidth = static_cast<float>(pick(5, 40));
-                float width = minWidth + static_cast<float>(pick(0, 100));
+                const float minWidth = static_cast<float>(pick(5, 40)), width = minWidth + static_cast<float>(pick(0, 100));
                 auto& column = pick(0, 1) ? local.AddFixedColumn(columnId++, header, width)
                                           : local.AddProportionalColumn(columnId++, header, minWidth, width);
-                column.SetVisible(visible);
-                if (visible) {
+                column.SetVisible(pick(0, 4) != 0);
+                if (column.IsVisible()) {
                     minSum += column.GetMinWidth();
                     anyProportional = anyProportional || !column.IsFixed();
                 }
