@@ -1,7 +1,8 @@
 // A test bench for the whole foldered data view: a dialog with one data view whose controls are
 // shared by a hierarchical view (mode 1), a flat list view (mode 2) and a tree-and-list view
 // (mode 3), each with its layout; row and folder factories named after the model items, search
-// filters over the items' names, and an observer that records the selection events.
+// filters over the items' names, an observer that records the selection events, and an output
+// channel that fails after a number of bytes.
 #pragma once
 
 #include "FolderedDataView/FDVTestModel.hpp"
@@ -130,16 +131,36 @@ public:
     std::vector<std::string> events;
 };
 
-// Project(Views(Plan, Section(Detail)), Sheets), Notes(Minutes)
+// A recipe collection: Recipes(Vegetables(Peppers, Spinach(Dumplings)), Stews), Nibbles(Muffins)
 inline std::vector<Node> SampleForest()
 {
-    return {Node("Project", {Node("Views", {Node("Plan"), Node("Section", {Node("Detail")})}), Node("Sheets")}),
-            Node("Notes", {Node("Minutes")})};
+    return {Node("Recipes", {Node("Vegetables", {Node("Peppers"), Node("Spinach", {Node("Dumplings")})}), Node("Stews")}),
+            Node("Nibbles", {Node("Muffins")})};
 }
 
+// A channel that takes `capacity` bytes and fails every write past them with WriteFailure.
+class FailingOChannel : public NK::OChannel {
+public:
+    static constexpr NK::ErrCode WriteFailure = -4711;
+    explicit FailingOChannel(std::size_t capacity) : capacity(capacity) {}
+
+protected:
+    NK::ErrCode WriteRaw(const void*, NK::UIndex count) override
+    {
+        if (written + count > capacity)
+            return Fail(WriteFailure);
+        written += count;
+        return NK::NoError;
+    }
+
+private:
+    std::size_t capacity;
+    std::size_t written = 0;
+};
+
 // A dialog with a data view of all three views.
-struct Browser {
-    explicit Browser(bool withViews = true)
+struct Bench {
+    explicit Bench(bool withViews = true)
     {
         WZ::Folderable::UntypedListBox& list = *dataView.GetListBoxDataView();
         list.AddTextColumn(1, "Name", NK::NewOwned<WZ::ProportionalColumn>(1.0f, 100),
@@ -194,8 +215,15 @@ struct Browser {
     std::string Selected() const { return Names(dataView.GetSelection().GetItems()); }
     // The list's rows, in row order.
     std::string ListRows() { return Names(dataView.GetListBoxDataView()->GetModelItems()); }
+    // Whether the current view shows a row for the item.
+    bool Shows(const std::string& name)
+    {
+        if (dataView.GetCurrentView() == dataView.GetView(ViewMode::Hierarchical))
+            return Table().ContainsNode(IdOf(name));
+        return dataView.GetListBoxDataView()->GetRow(IdOf(name)) > 0;
+    }
 
-    QM::Dialog dialog {"Browser", 640, 420};
+    QM::Dialog dialog {"Recipes", 640, 420};
     FolderedDataView dataView {dialog, QM::Rect(10, 10, 630, 410)};
 };
 

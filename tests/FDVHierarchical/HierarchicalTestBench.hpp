@@ -135,11 +135,11 @@ public:
     NK::Int16 number;
 };
 
-// Project(Views(Plan, Section(Detail)), Sheets), Notes(Minutes)
+// A recipe collection: Recipes(Vegetables(Peppers, Spinach(Dumplings)), Stews), Nibbles(Muffins)
 inline std::vector<Node> SampleForest()
 {
-    return {Node("Project", {Node("Views", {Node("Plan"), Node("Section", {Node("Detail")})}), Node("Sheets")}),
-            Node("Notes", {Node("Minutes")})};
+    return {Node("Recipes", {Node("Vegetables", {Node("Peppers"), Node("Spinach", {Node("Dumplings")})}), Node("Stews")}),
+            Node("Nibbles", {Node("Muffins")})};
 }
 
 // The model item of the forest with the name; fails the test when there is none.

@@ -54,19 +54,19 @@ protected:
 
 TEST_F(HierarchicalViewTest, AViewSeenForTheFirstTimeOpensTheFirstLevel)
 {
-    EXPECT_EQ(Rows(), "    [-] Notes\n"
-                      "          Minutes\n"
-                      "    [-] Project\n"
-                      "          Sheets\n"
-                      "      [+] Views\n");
+    EXPECT_EQ(Rows(), "    [-] Nibbles\n"
+                      "          Muffins\n"
+                      "    [-] Recipes\n"
+                      "          Stews\n"
+                      "      [+] Vegetables\n");
     EXPECT_TRUE(table.IsVisible());
 }
 
 TEST_F(HierarchicalViewTest, ARefreshWithTheSameRowsKeepsFoldersAndSelectionAndSendsNothing)
 {
-    ASSERT_TRUE(table.SimulateUserExpand(IdOf("Views")));
-    ASSERT_TRUE(table.SimulateUserSelectNodes(NK::Array<NK::Guid> {IdOf("Plan"), IdOf("Minutes")}));
-    ASSERT_EQ(recorder.reported, (NameList {"Minutes Plan"}));
+    ASSERT_TRUE(table.SimulateUserExpand(IdOf("Vegetables")));
+    ASSERT_TRUE(table.SimulateUserSelectNodes(NK::Array<NK::Guid> {IdOf("Peppers"), IdOf("Muffins")}));
+    ASSERT_EQ(recorder.reported, (NameList {"Muffins Peppers"}));
     recorder.reported.clear();
     const HierarchicalTableView::GuidSet openBefore = Open();
     table.ResetJournal();
@@ -74,7 +74,7 @@ TEST_F(HierarchicalViewTest, ARefreshWithTheSameRowsKeepsFoldersAndSelectionAndS
     view->Refresh();
 
     EXPECT_EQ(Open(), openBefore);
-    EXPECT_EQ(Selected(), "Minutes Plan");
+    EXPECT_EQ(Selected(), "Muffins Peppers");
     EXPECT_EQ(recorder.reported, NameList {});
     EXPECT_EQ(table.GetJournal().GetCount(QM::Op::InsertItem), 0u);
     EXPECT_EQ(table.GetJournal().GetCount(QM::Op::DeleteItem), 0u);
@@ -83,25 +83,25 @@ TEST_F(HierarchicalViewTest, ARefreshWithTheSameRowsKeepsFoldersAndSelectionAndS
 
 TEST_F(HierarchicalViewTest, ARefreshOverANewForestKeepsFoldersAndSelectionById)
 {
-    ASSERT_TRUE(table.SimulateUserExpand(IdOf("Views")));
-    ASSERT_TRUE(table.SimulateUserSelectNodes(NK::Array<NK::Guid> {IdOf("Plan"), IdOf("Minutes")}));
+    ASSERT_TRUE(table.SimulateUserExpand(IdOf("Vegetables")));
+    ASSERT_TRUE(table.SimulateUserSelectNodes(NK::Array<NK::Guid> {IdOf("Peppers"), IdOf("Muffins")}));
     recorder.reported.clear();
     const HierarchicalTableView::GuidSet openBefore = Open();
 
     ReplaceForest(SampleForest());  // new objects, same ids and names
 
     EXPECT_EQ(Open(), openBefore);
-    EXPECT_EQ(view->GetSelection().GetItems()[1], Item("Plan"));
+    EXPECT_EQ(view->GetSelection().GetItems()[1], Item("Peppers"));
     // The same rows, but other model items: one event, carrying the new ones.
-    EXPECT_EQ(recorder.reported, (NameList {"Minutes Plan"}));
+    EXPECT_EQ(recorder.reported, (NameList {"Muffins Peppers"}));
 }
 
 TEST_F(HierarchicalViewTest, ARefreshThatLosesTheSelectionSendsOneEvent)
 {
-    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Minutes")));
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Muffins")));
     recorder.reported.clear();
 
-    ReplaceForest({Node("Project", {Node("Views"), Node("Sheets")}), Node("Notes")});
+    ReplaceForest({Node("Recipes", {Node("Vegetables"), Node("Stews")}), Node("Nibbles")});
 
     EXPECT_EQ(recorder.reported, (NameList {""}));
     EXPECT_EQ(Selected(), "");
@@ -109,65 +109,65 @@ TEST_F(HierarchicalViewTest, ARefreshThatLosesTheSelectionSendsOneEvent)
 
 TEST_F(HierarchicalViewTest, UserSelectionIsReportedButNotWhileSelectionHandlingIsOff)
 {
-    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Notes")));
-    EXPECT_EQ(recorder.reported, (NameList {"Notes"}));
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Nibbles")));
+    EXPECT_EQ(recorder.reported, (NameList {"Nibbles"}));
 
     view->DisableSelectionHandling();
-    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Project")));
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Recipes")));
     EXPECT_EQ(recorder.reported.size(), 1u);
     view->EnableSelectionHandling();
-    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Sheets")));
-    EXPECT_EQ(recorder.reported, (NameList {"Notes", "Sheets"}));
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Stews")));
+    EXPECT_EQ(recorder.reported, (NameList {"Nibbles", "Stews"}));
 }
 
 TEST_F(HierarchicalViewTest, SettingTheSelectionInsideAClosedFolderOpensThePathToIt)
 {
-    ASSERT_FALSE(table.IsExpandedItem(IdOf("Section")));
-    view->SetSelection(Selection {Item("Detail"), Item("Minutes")});
+    ASSERT_FALSE(table.IsExpandedItem(IdOf("Spinach")));
+    view->SetSelection(Selection {Item("Dumplings"), Item("Muffins")});
 
-    EXPECT_EQ(Selected(), "Minutes Detail");  // display order: Notes' child comes first
-    EXPECT_TRUE(table.IsExpandedItem(IdOf("Views")));
-    EXPECT_TRUE(table.IsExpandedItem(IdOf("Section")));
-    EXPECT_TRUE(table.GetRowIndex(IdOf("Detail")).has_value());
+    EXPECT_EQ(Selected(), "Muffins Dumplings");  // display order: Nibbles' child comes first
+    EXPECT_TRUE(table.IsExpandedItem(IdOf("Vegetables")));
+    EXPECT_TRUE(table.IsExpandedItem(IdOf("Spinach")));
+    EXPECT_TRUE(table.GetRowIndex(IdOf("Dumplings")).has_value());
 }
 
 TEST_F(HierarchicalViewTest, ASearchShowsTheMatchesOpenedAndItsEndRestoresRowsFoldersAndSelection)
 {
-    ASSERT_TRUE(table.SimulateUserCollapse(IdOf("Notes")));
-    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Sheets")));
+    ASSERT_TRUE(table.SimulateUserCollapse(IdOf("Nibbles")));
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Stews")));
     const HierarchicalTableView::GuidSet openBefore = Open();
     const std::string rowsBefore = Rows();
 
-    ASSERT_TRUE(searchField.SimulateUserType("det"));
+    ASSERT_TRUE(searchField.SimulateUserType("dump"));
     EXPECT_TRUE(view->HasExpandStatesBeforeSearch());
-    EXPECT_EQ(Rows(), "    [-] Project\n"
-                      "      [-] Views\n"
-                      "        [-] Section\n"
-                      "              Detail\n");
+    EXPECT_EQ(Rows(), "    [-] Recipes\n"
+                      "      [-] Vegetables\n"
+                      "        [-] Spinach\n"
+                      "              Dumplings\n");
     EXPECT_EQ(Selected(), "");
 
     ASSERT_TRUE(searchField.SimulateUserClear());
     EXPECT_FALSE(view->HasExpandStatesBeforeSearch());
     EXPECT_EQ(Open(), openBefore);
     EXPECT_EQ(Rows(), rowsBefore);
-    EXPECT_EQ(Selected(), "Sheets");
-    EXPECT_EQ(recorder.reported.back(), "Sheets");
+    EXPECT_EQ(Selected(), "Stews");
+    EXPECT_EQ(recorder.reported.back(), "Stews");
 }
 
 TEST_F(HierarchicalViewTest, ARowPickedDuringASearchStaysSelectedAfterIt)
 {
-    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Sheets")));
-    ASSERT_TRUE(searchField.SimulateUserType("plan"));
-    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Plan")));
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Stews")));
+    ASSERT_TRUE(searchField.SimulateUserType("pepp"));
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Peppers")));
     ASSERT_TRUE(searchField.SimulateUserClear());
 
-    EXPECT_EQ(Selected(), "Plan");
-    EXPECT_TRUE(table.GetRowIndex(IdOf("Plan")).has_value());  // its folders opened to show it
+    EXPECT_EQ(Selected(), "Peppers");
+    EXPECT_TRUE(table.GetRowIndex(IdOf("Peppers")).has_value());  // its folders opened to show it
 }
 
 TEST_F(HierarchicalViewTest, ASearchThatMatchesNothingShowsNoRowsUntilItEnds)
 {
-    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Minutes")));
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Muffins")));
     const std::string rowsBefore = Rows();
 
     ASSERT_TRUE(searchField.SimulateUserType("zzz"));
@@ -176,40 +176,40 @@ TEST_F(HierarchicalViewTest, ASearchThatMatchesNothingShowsNoRowsUntilItEnds)
 
     ASSERT_TRUE(searchField.SimulateUserClear());
     EXPECT_EQ(Rows(), rowsBefore);
-    EXPECT_EQ(Selected(), "Minutes");
+    EXPECT_EQ(Selected(), "Muffins");
 }
 
 TEST_F(HierarchicalViewTest, AnItemFilterStillHidesMatchesDuringASearch)
 {
-    view->SetItemFilter(NK::NewOwned<HidingFilter>(std::vector<std::string> {"Section"}));
+    view->SetItemFilter(NK::NewOwned<HidingFilter>(std::vector<std::string> {"Spinach"}));
     view->Refresh();
-    EXPECT_FALSE(table.ContainsNode(IdOf("Section")));
+    EXPECT_FALSE(table.ContainsNode(IdOf("Spinach")));
 
-    ASSERT_TRUE(searchField.SimulateUserType("e"));  // Detail, Section, Sheets, Views, Notes, Project...
-    EXPECT_FALSE(table.ContainsNode(IdOf("Section")));
-    EXPECT_FALSE(table.ContainsNode(IdOf("Detail")));
-    EXPECT_TRUE(table.ContainsNode(IdOf("Sheets")));
-    EXPECT_TRUE(table.ContainsNode(IdOf("Minutes")));
+    ASSERT_TRUE(searchField.SimulateUserType("e"));  // Dumplings, Spinach, Stews, Vegetables, Nibbles, Recipes...
+    EXPECT_FALSE(table.ContainsNode(IdOf("Spinach")));
+    EXPECT_FALSE(table.ContainsNode(IdOf("Dumplings")));
+    EXPECT_TRUE(table.ContainsNode(IdOf("Stews")));
+    EXPECT_TRUE(table.ContainsNode(IdOf("Muffins")));
 }
 
 TEST_F(HierarchicalViewTest, ASearchEndedWithNothingKeptOpensOnlyTheFirstLevel)
 {
-    ASSERT_TRUE(table.SimulateUserExpand(IdOf("Views")));
-    ASSERT_TRUE(searchField.SimulateUserType("plan"));
+    ASSERT_TRUE(table.SimulateUserExpand(IdOf("Vegetables")));
+    ASSERT_TRUE(searchField.SimulateUserType("pepp"));
     // The view leaves and comes back in the middle of the search: what was kept is dropped.
     view->WillDisappear();
     EXPECT_FALSE(table.IsVisible());
     view->WillAppear(View::OpenData {});
-    EXPECT_TRUE(table.IsExpandedItem(IdOf("Views")));  // every match shown opened
+    EXPECT_TRUE(table.IsExpandedItem(IdOf("Vegetables")));  // every match shown opened
 
     ASSERT_TRUE(searchField.SimulateUserClear());
-    EXPECT_EQ(Open(), (HierarchicalTableView::GuidSet {IdOf("Notes"), IdOf("Project")}));
+    EXPECT_EQ(Open(), (HierarchicalTableView::GuidSet {IdOf("Nibbles"), IdOf("Recipes")}));
 }
 
 TEST_F(HierarchicalViewTest, OpenFoldersAreKeptWhileTheViewIsNotShown)
 {
-    ASSERT_TRUE(table.SimulateUserExpand(IdOf("Views")));
-    ASSERT_TRUE(table.SimulateUserCollapse(IdOf("Notes")));
+    ASSERT_TRUE(table.SimulateUserExpand(IdOf("Vegetables")));
+    ASSERT_TRUE(table.SimulateUserCollapse(IdOf("Nibbles")));
     const HierarchicalTableView::GuidSet openBefore = Open();
     view->WillDisappear();
     const auto* kept = dynamic_cast<HierarchicalView::InMemoryViewState*>(view->GetInMemoryViewState());
@@ -218,16 +218,16 @@ TEST_F(HierarchicalViewTest, OpenFoldersAreKeptWhileTheViewIsNotShown)
 
     // Another view meanwhile uses the same table.
     table.CollapseAllNodes();
-    table.ExpandItem(IdOf("Notes"));
+    table.ExpandItem(IdOf("Nibbles"));
 
-    view->WillAppear(View::OpenData {Selection {Item("Plan")}, nullptr});
+    view->WillAppear(View::OpenData {Selection {Item("Peppers")}, nullptr});
     EXPECT_EQ(Open(), openBefore);
-    EXPECT_EQ(Selected(), "Plan");
+    EXPECT_EQ(Selected(), "Peppers");
 }
 
 TEST_F(HierarchicalViewTest, AViewLeftDuringASearchKeepsTheFoldersFromBeforeIt)
 {
-    ASSERT_TRUE(table.SimulateUserCollapse(IdOf("Notes")));
+    ASSERT_TRUE(table.SimulateUserCollapse(IdOf("Nibbles")));
     const HierarchicalTableView::GuidSet openBefore = Open();
     ASSERT_TRUE(searchField.SimulateUserType("d"));
     view->WillDisappear();
@@ -249,21 +249,21 @@ TEST_F(HierarchicalViewTest, ASearchStartedAgainWithoutAnEndIsReported)
 
 TEST_F(HierarchicalViewTest, ANewSearchFilterTakesTheFieldsTextAtOnce)
 {
-    searchField.SetText("min");
+    searchField.SetText("muf");
     auto filter = NK::NewOwned<NameSearchFilter>();
     const NameSearchFilter* kept = filter.Get();
     view->SetSearchFilter(std::move(filter));
-    EXPECT_EQ(kept->GetSearchText(), NK::UniString("min"));
+    EXPECT_EQ(kept->GetSearchText(), NK::UniString("muf"));
     view->Refresh();
-    EXPECT_FALSE(table.ContainsNode(IdOf("Plan")));
-    EXPECT_TRUE(table.ContainsNode(IdOf("Minutes")));
+    EXPECT_FALSE(table.ContainsNode(IdOf("Peppers")));
+    EXPECT_TRUE(table.ContainsNode(IdOf("Muffins")));
 }
 
 TEST_F(HierarchicalViewTest, TheComparatorIsHandedToTheFactory)
 {
     view->SetItemComparator([](const TreeItem& a, const TreeItem& b) { return b.GetDisplayName() < a.GetDisplayName(); });
     view->Refresh();
-    EXPECT_EQ(table.GetTopLevelNodes()[0].id, IdOf("Project"));
+    EXPECT_EQ(table.GetTopLevelNodes()[0].id, IdOf("Recipes"));
 }
 
 TEST_F(HierarchicalViewTest, RebuildingWithoutAFactoryIsReportedAndLeavesTheRows)

@@ -41,29 +41,29 @@ protected:
 
 TEST_F(PopUpViewTest, ShowsTheEntriesAndChoosesTheLastSilently)
 {
-    popUp.SetItems(Path({"Project", "Views", "Section"}));
-    EXPECT_EQ(PopUpEntries(control), "Project > Views > Section");
+    popUp.SetItems(Path({"Recipes", "Vegetables", "Spinach"}));
+    EXPECT_EQ(PopUpEntries(control), "Recipes > Vegetables > Spinach");
     EXPECT_EQ(control.GetSelectedItem(), 3);
-    EXPECT_EQ(&popUp.GetSelectedItem()->GetModel(), Find(forest, "Section"));
+    EXPECT_EQ(&popUp.GetSelectedItem()->GetModel(), Find(forest, "Spinach"));
     EXPECT_TRUE(recorder.picked.empty());
 }
 
 TEST_F(PopUpViewTest, AUsersPickReachesTheDelegate)
 {
-    popUp.SetItems(Path({"Project", "Views", "Section"}));
+    popUp.SetItems(Path({"Recipes", "Vegetables", "Spinach"}));
     control.SimulateUserSelect(2);
-    EXPECT_EQ(recorder.picked, (std::vector<std::string> {"Views"}));
+    EXPECT_EQ(recorder.picked, (std::vector<std::string> {"Vegetables"}));
 }
 
 TEST_F(PopUpViewTest, WalkingAlongAPathRewritesOnlyItsEnd)
 {
-    popUp.SetItems(Path({"Project", "Views"}));
+    popUp.SetItems(Path({"Recipes", "Vegetables"}));
     control.ResetJournal();
-    popUp.SetItems(Path({"Project", "Views", "Section"}));
-    popUp.SetItems(Path({"Project", "Sheets"}));
+    popUp.SetItems(Path({"Recipes", "Vegetables", "Spinach"}));
+    popUp.SetItems(Path({"Recipes", "Stews"}));
     EXPECT_EQ(control.GetJournal().GetCount(QM::Op::InsertItem), 2u);
     EXPECT_EQ(control.GetJournal().GetCount(QM::Op::DeleteItem), 2u);
-    EXPECT_EQ(PopUpEntries(control), "Project > Sheets");
+    EXPECT_EQ(PopUpEntries(control), "Recipes > Stews");
     popUp.SetItems({});
     EXPECT_EQ(control.GetItemCount(), 0);
     EXPECT_EQ(popUp.GetSelectedItem(), nullptr);
@@ -71,7 +71,7 @@ TEST_F(PopUpViewTest, WalkingAlongAPathRewritesOnlyItsEnd)
 
 TEST_F(PopUpViewTest, APickWithoutADelegateIsReported)
 {
-    popUp.SetItems(Path({"Project", "Views"}));
+    popUp.SetItems(Path({"Recipes", "Vegetables"}));
     popUp.SetDelegate(nullptr);
     NK::AssertCapture capture;
     control.SimulateUserSelect(1);

@@ -42,56 +42,56 @@ TEST_F(TreeAndListViewTest, AppearingChoosesTheFirstTopLevelFolder)
 
     // The tree sorts by name and shows only folders.
     EXPECT_EQ(QM::TextRenderer::Join(QM::TextRenderer::RenderItem(resource.treeView)),
-              "#2 TreeView (0, 24, 200, 276)\n  *     Notes\n    [-] Project\n      [+] Views\n");
-    EXPECT_EQ(Chosen(), "Notes");
-    EXPECT_EQ(Rows(resource.list), "Minutes");
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Notes");
+              "#2 TreeView (0, 24, 200, 276)\n  *     Nibbles\n    [-] Recipes\n      [+] Vegetables\n");
+    EXPECT_EQ(Chosen(), "Nibbles");
+    EXPECT_EQ(Rows(resource.list), "Muffins");
+    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Nibbles");
     EXPECT_FALSE(resource.upButton.IsEnabled());
-    EXPECT_EQ(SelectedNames(), "Notes");
+    EXPECT_EQ(SelectedNames(), "Nibbles");
     EXPECT_TRUE(recorder.reported.empty());
 }
 
 TEST_F(TreeAndListViewTest, ClickingAFolderShowsItsChildrenPathAndParent)
 {
     Show();
-    ClickFolder("Project");
-    ClickFolder("Views");
+    ClickFolder("Recipes");
+    ClickFolder("Vegetables");
 
-    EXPECT_EQ(Chosen(), "Views");
-    EXPECT_EQ(Rows(resource.list), "Plan Section");
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Project > Views");
+    EXPECT_EQ(Chosen(), "Vegetables");
+    EXPECT_EQ(Rows(resource.list), "Peppers Spinach");
+    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Recipes > Vegetables");
     EXPECT_EQ(resource.popUpControl.GetSelectedItem(), 2);
     EXPECT_TRUE(resource.upButton.IsEnabled());
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Project", "Views"}));
+    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Recipes", "Vegetables"}));
 }
 
 TEST_F(TreeAndListViewTest, ThePopUpOfAFolderThreeLevelsDeepShowsThreeEntriesTopFirst)
 {
     Show();
-    view.SetSelection(Selection {Find(forest, "Detail")});
+    view.SetSelection(Selection {Find(forest, "Dumplings")});
 
-    EXPECT_EQ(Chosen(), "Section");
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Project > Views > Section");
-    EXPECT_TRUE(resource.treeView.IsItemExpanded(resource.tree.GetNode(IdOf("Views"))));
-    EXPECT_EQ(SelectedNames(), "Detail");
+    EXPECT_EQ(Chosen(), "Spinach");
+    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Recipes > Vegetables > Spinach");
+    EXPECT_TRUE(resource.treeView.IsItemExpanded(resource.tree.GetNode(IdOf("Vegetables"))));
+    EXPECT_EQ(SelectedNames(), "Dumplings");
 }
 
 TEST_F(TreeAndListViewTest, TheUpButtonChoosesTheParentUntilTheTopLevel)
 {
-    Show(Selection {Find(forest, "Detail")});
+    Show(Selection {Find(forest, "Dumplings")});
     recorder.reported.clear();
 
     EXPECT_TRUE(resource.upButton.SimulateUserClick());
-    EXPECT_EQ(Chosen(), "Views");
-    EXPECT_EQ(Rows(resource.list), "Plan Section");
-    EXPECT_EQ(resource.treeView.GetSelectedItem(), resource.tree.GetNode(IdOf("Views")));
+    EXPECT_EQ(Chosen(), "Vegetables");
+    EXPECT_EQ(Rows(resource.list), "Peppers Spinach");
+    EXPECT_EQ(resource.treeView.GetSelectedItem(), resource.tree.GetNode(IdOf("Vegetables")));
     resource.upButton.SimulateUserClick();
-    EXPECT_EQ(Chosen(), "Project");
+    EXPECT_EQ(Chosen(), "Recipes");
     EXPECT_FALSE(resource.upButton.IsEnabled());
     EXPECT_FALSE(resource.upButton.SimulateUserClick());
 
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Views", "Project"}));
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Project");
+    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Vegetables", "Recipes"}));
+    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Recipes");
 }
 
 TEST_F(TreeAndListViewTest, AClickOnTheUpButtonOfATopLevelFolderIsReported)
@@ -101,58 +101,58 @@ TEST_F(TreeAndListViewTest, AClickOnTheUpButtonOfATopLevelFolderIsReported)
     NK::AssertCapture capture;
     resource.upButton.SimulateUserClick();
     EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"parentFolder != nullptr"}));
-    EXPECT_EQ(Chosen(), "Notes");
+    EXPECT_EQ(Chosen(), "Nibbles");
 }
 
 TEST_F(TreeAndListViewTest, PickingAnAncestorInThePopUpChoosesIt)
 {
-    Show(Selection {Find(forest, "Detail")});
+    Show(Selection {Find(forest, "Dumplings")});
     recorder.reported.clear();
 
     EXPECT_TRUE(resource.popUpControl.SimulateUserSelect(1));
 
-    EXPECT_EQ(Chosen(), "Project");
-    EXPECT_EQ(Rows(resource.list), "Sheets Views");
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Project");
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Project"}));
+    EXPECT_EQ(Chosen(), "Recipes");
+    EXPECT_EQ(Rows(resource.list), "Stews Vegetables");
+    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Recipes");
+    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Recipes"}));
 }
 
 TEST_F(TreeAndListViewTest, ClickingIntoTheTreeAfterSelectingRowsMakesTheFolderTheSelection)
 {
-    Show(Selection {Find(forest, "Sheets")});
-    resource.listBox.SimulateUserSelectRows({RowOf(resource.list, "Sheets"), RowOf(resource.list, "Views")});
-    EXPECT_EQ(SelectedNames(), "Sheets Views");
+    Show(Selection {Find(forest, "Stews")});
+    resource.listBox.SimulateUserSelectRows({RowOf(resource.list, "Stews"), RowOf(resource.list, "Vegetables")});
+    EXPECT_EQ(SelectedNames(), "Stews Vegetables");
     EXPECT_EQ(view.GetLastFocus(), WZ::Folderable::Views::ListAndTreeFocus::Status::List);
 
     resource.treeView.SimulateUserFocus();
 
     EXPECT_EQ(resource.listBox.GetSelectedCount(), 0);
-    EXPECT_EQ(SelectedNames(), "Project");
+    EXPECT_EQ(SelectedNames(), "Recipes");
     EXPECT_EQ(view.GetItemsForCurrentControl().GetSize(), 1u);
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Sheets Views", "Project"}));
+    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Stews Vegetables", "Recipes"}));
 }
 
 TEST_F(TreeAndListViewTest, AClickOnATreeNodeWhileTheListHadTheFocusClearsTheListSelection)
 {
-    Show(Selection {Find(forest, "Sheets")});
-    resource.listBox.SimulateUserClickRow(RowOf(resource.list, "Views"));
-    ClickFolder("Notes");
+    Show(Selection {Find(forest, "Stews")});
+    resource.listBox.SimulateUserClickRow(RowOf(resource.list, "Vegetables"));
+    ClickFolder("Nibbles");
 
-    EXPECT_EQ(Rows(resource.list), "Minutes");
+    EXPECT_EQ(Rows(resource.list), "Muffins");
     EXPECT_EQ(resource.listBox.GetSelectedCount(), 0);
     EXPECT_EQ(view.GetLastFocus(), WZ::Folderable::Views::ListAndTreeFocus::Status::Tree);
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Views", "Notes"}));
+    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Vegetables", "Nibbles"}));
 }
 
 TEST_F(TreeAndListViewTest, ASelectionChoosesTheParentOfItsFirstItem)
 {
     Show();
-    const ModelItem* project = Find(forest, "Project");
-    const ModelItem* notes = Find(forest, "Notes");
-    const ModelItem* plan = Find(forest, "Plan");
+    const ModelItem* project = Find(forest, "Recipes");
+    const ModelItem* notes = Find(forest, "Nibbles");
+    const ModelItem* plan = Find(forest, "Peppers");
 
     auto [planFolder, planSelection] = view.CalculateSelection(Selection {plan});
-    EXPECT_EQ(planFolder, Find(forest, "Views"));
+    EXPECT_EQ(planFolder, Find(forest, "Vegetables"));
     EXPECT_EQ(planSelection, Selection {plan});
     auto [alone, nothing] = view.CalculateSelection(Selection {project});
     EXPECT_EQ(alone, project);
@@ -163,8 +163,8 @@ TEST_F(TreeAndListViewTest, ASelectionChoosesTheParentOfItsFirstItem)
     EXPECT_EQ(view.CalculateSelection(Selection()).first, notes);
 
     view.SetSelection(Selection {project});
-    EXPECT_EQ(Chosen(), "Project");
-    EXPECT_EQ(SelectedNames(), "Project");
+    EXPECT_EQ(Chosen(), "Recipes");
+    EXPECT_EQ(SelectedNames(), "Recipes");
 
     // A top-level leaf has no node in the folder tree: it cannot be the chosen folder.
     forest.Push(Build(Node("Readme")));
@@ -176,34 +176,34 @@ TEST_F(TreeAndListViewTest, ASelectionChoosesTheParentOfItsFirstItem)
 
 TEST_F(TreeAndListViewTest, SettingTheShownSelectionAgainSendsNothing)
 {
-    Show(Selection {Find(forest, "Plan"), Find(forest, "Section")});
-    view.SetSelection(Selection {Find(forest, "Plan"), Find(forest, "Section")});
+    Show(Selection {Find(forest, "Peppers"), Find(forest, "Spinach")});
+    view.SetSelection(Selection {Find(forest, "Peppers"), Find(forest, "Spinach")});
     EXPECT_TRUE(recorder.reported.empty());
-    view.SetSelection(Selection {Find(forest, "Plan")});
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Plan"}));
+    view.SetSelection(Selection {Find(forest, "Peppers")});
+    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Peppers"}));
 }
 
 TEST_F(TreeAndListViewTest, ARefreshAfterTheChosenFolderWentAwayChoosesTheFirstTopLevelFolder)
 {
-    Show(Selection {Find(forest, "Detail")});
+    Show(Selection {Find(forest, "Dumplings")});
     recorder.reported.clear();
 
-    // A new forest without "Section"; the chosen folder is looked up by id, as the data view does.
+    // A new forest without "Spinach"; the chosen folder is looked up by id, as the data view does.
     NK::Array<NK::Owner<ModelItem>> next =
-        BuildForest({Node("Project", {Node("Views", {Node("Plan")}), Node("Sheets")}), Node("Notes", {Node("Minutes")})});
+        BuildForest({Node("Recipes", {Node("Vegetables", {Node("Peppers")}), Node("Stews")}), Node("Nibbles", {Node("Muffins")})});
     view.SetTreeSelection(WZ::Folderable::FindModelItemById(next, view.GetTreeSelection()->GetId()));
     forest = std::move(next);
     view.Refresh();
 
-    EXPECT_EQ(Chosen(), "Notes");
-    EXPECT_EQ(Rows(resource.list), "Minutes");
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Notes");
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Notes"}));
+    EXPECT_EQ(Chosen(), "Nibbles");
+    EXPECT_EQ(Rows(resource.list), "Muffins");
+    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Nibbles");
+    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Nibbles"}));
 }
 
 TEST_F(TreeAndListViewTest, ARefreshKeepsAChosenFolderThatIsStillThere)
 {
-    Show(Selection {Find(forest, "Plan")});
+    Show(Selection {Find(forest, "Peppers")});
     recorder.reported.clear();
     resource.listBox.ResetJournal();
 
@@ -212,76 +212,76 @@ TEST_F(TreeAndListViewTest, ARefreshKeepsAChosenFolderThatIsStillThere)
     forest = std::move(next);
     view.Refresh();
 
-    EXPECT_EQ(Chosen(), "Views");
-    EXPECT_EQ(SelectedNames(), "Plan");
+    EXPECT_EQ(Chosen(), "Vegetables");
+    EXPECT_EQ(SelectedNames(), "Peppers");
     EXPECT_EQ(resource.listBox.GetJournal().GetCount(QM::Op::InsertItem), 0u);
     EXPECT_TRUE(recorder.reported.empty());
 }
 
 TEST_F(TreeAndListViewTest, ASearchListsMatchesOfTheWholeForestAndItsEndRestoresFolderAndSelection)
 {
-    Show(Selection {Find(forest, "Plan")});
+    Show(Selection {Find(forest, "Peppers")});
     recorder.reported.clear();
 
     resource.searchField.SimulateUserType("s");
-    EXPECT_EQ(Rows(resource.list), "Minutes Section Sheets");
+    EXPECT_EQ(Rows(resource.list), "Muffins Spinach Stews");
     EXPECT_TRUE(view.GetSelection().IsEmpty());  // no folder stands in for the selection while searching
     resource.searchField.SimulateUserClear();
 
-    EXPECT_EQ(Chosen(), "Views");
-    EXPECT_EQ(Rows(resource.list), "Plan Section");
-    EXPECT_EQ(SelectedNames(), "Plan");
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"", "Plan"}));
+    EXPECT_EQ(Chosen(), "Vegetables");
+    EXPECT_EQ(Rows(resource.list), "Peppers Spinach");
+    EXPECT_EQ(SelectedNames(), "Peppers");
+    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"", "Peppers"}));
 }
 
 TEST_F(TreeAndListViewTest, AnItemPickedDuringASearchIsShownInItsFolderAfterIt)
 {
-    Show(Selection {Find(forest, "Plan")});
-    resource.searchField.SimulateUserType("minutes");
-    resource.listBox.SimulateUserClickRow(RowOf(resource.list, "Minutes"));
+    Show(Selection {Find(forest, "Peppers")});
+    resource.searchField.SimulateUserType("muffins");
+    resource.listBox.SimulateUserClickRow(RowOf(resource.list, "Muffins"));
     resource.searchField.SimulateUserClear();
 
-    EXPECT_EQ(Chosen(), "Notes");
-    EXPECT_EQ(SelectedNames(), "Minutes");
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Notes");
+    EXPECT_EQ(Chosen(), "Nibbles");
+    EXPECT_EQ(SelectedNames(), "Muffins");
+    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Nibbles");
 }
 
 TEST_F(TreeAndListViewTest, OpenFoldersAreKeptWhileAnotherViewIsShown)
 {
     Show();
-    EXPECT_TRUE(resource.treeView.IsItemExpanded(resource.tree.GetNode(IdOf("Project"))));
-    resource.treeView.SimulateUserCollapse(resource.tree.GetNode(IdOf("Project")));
-    resource.treeView.SimulateUserExpand(resource.tree.GetNode(IdOf("Notes")));
+    EXPECT_TRUE(resource.treeView.IsItemExpanded(resource.tree.GetNode(IdOf("Recipes"))));
+    resource.treeView.SimulateUserCollapse(resource.tree.GetNode(IdOf("Recipes")));
+    resource.treeView.SimulateUserExpand(resource.tree.GetNode(IdOf("Nibbles")));
     view.WillDisappear();
 
-    resource.treeView.ExpandItem(resource.tree.GetNode(IdOf("Project")));
+    resource.treeView.ExpandItem(resource.tree.GetNode(IdOf("Recipes")));
     Show();
 
-    EXPECT_FALSE(resource.treeView.IsItemExpanded(resource.tree.GetNode(IdOf("Project"))));
-    EXPECT_TRUE(resource.treeView.IsItemExpanded(resource.tree.GetNode(IdOf("Notes"))));
-    EXPECT_EQ(Chosen(), "Notes");
+    EXPECT_FALSE(resource.treeView.IsItemExpanded(resource.tree.GetNode(IdOf("Recipes"))));
+    EXPECT_TRUE(resource.treeView.IsItemExpanded(resource.tree.GetNode(IdOf("Nibbles"))));
+    EXPECT_EQ(Chosen(), "Nibbles");
 }
 
 TEST_F(TreeAndListViewTest, AHiddenViewHearsNothingFromItsControls)
 {
     Show();
     view.WillDisappear();
-    ClickFolder("Project");
+    ClickFolder("Recipes");
     resource.upButton.Enable();
     resource.upButton.SimulateUserClick();
     resource.searchField.SimulateUserType("s");
 
     EXPECT_TRUE(recorder.reported.empty());
-    EXPECT_EQ(Chosen(), "Notes");
+    EXPECT_EQ(Chosen(), "Nibbles");
 }
 
 TEST_F(TreeAndListViewTest, WithoutAPopUpFactoryTheDefaultOneIsReportedAndNamesEntriesLikeTheTree)
 {
     view.SetPopUpItemFactory(nullptr);
     NK::AssertCapture capture;
-    Show(Selection {Find(forest, "Plan")});
+    Show(Selection {Find(forest, "Peppers")});
     EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"popUpItemFactory != nullptr"}));
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Project > Views");
+    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Recipes > Vegetables");
 }
 
 TEST_F(TreeAndListViewTest, AnEmptyForestIsReportedAndChoosesNothing)

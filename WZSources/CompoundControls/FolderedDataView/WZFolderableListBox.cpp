@@ -4,6 +4,7 @@
 #include "NK/NKAssert.hpp"
 #include "NK/NKSearch.hpp"
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableModelItem.hpp"
+#include "WZSources/ImprovedControls/WZImprovedHorizontalSplitter.hpp"
 #include "WZSources/WZLoggedAssert.hpp"
 
 #include <algorithm>
@@ -133,6 +134,11 @@ void UntypedListBox::Hide()
 bool UntypedListBox::IsVisible() const
 {
     return GetListBox().IsVisible();
+}
+
+void UntypedListBox::AddToImprovedSplitter(ImprovedHorizontalSplitter& splitter)
+{
+    splitter.AddItem(GetListBox());
 }
 
 UntypedListBox::SelectionKeeper UntypedListBox::SetItems(NK::Array<const ListBoxItem*>&& rows,
