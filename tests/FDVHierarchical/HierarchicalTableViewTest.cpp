@@ -78,10 +78,12 @@ TEST_F(FolderableHierarchicalTableTest, TheItemIndexKnowsEveryRowsParentAndDepth
 
 TEST_F(FolderableHierarchicalTableTest, RowsShowDisplayNamesInTheTreeColumnAndStringsElsewhere)
 {
+    factory.displayNames["Muffins"] = "Mini muffins";
+    Load(SampleForest());
     table.ExpandItem(IdOf("Nibbles"));
     EXPECT_EQ(Render(table), "#1 TableView (0, 0, 400, 300)\n"
                              "    [-] Nibbles\n"
-                             "          Muffins\n"
+                             "          Mini muffins\n"
                              "    [+] Recipes\n");
     // With columns, the first shown one carries the names; the others the rows' own strings.
     table.SetColumns({QM::TableView::Column {"size", "Size", 50, false}, QM::TableView::Column {"name", "Name", 200, true},
@@ -89,13 +91,13 @@ TEST_F(FolderableHierarchicalTableTest, RowsShowDisplayNamesInTheTreeColumnAndSt
     EXPECT_EQ(Render(table), "#1 TableView (0, 0, 400, 300)\n"
                              "  columns: Name (200) | Size (50)\n"
                              "    [-] Nibbles | \n"
-                             "          Muffins | \n"
+                             "          Mini muffins | \n"
                              "    [+] Recipes | \n");
     table.SetColumns({QM::TableView::Column {"name", "Name", 200, true}, QM::TableView::Column {"size", "Size", 50, true}});
     EXPECT_EQ(Render(table), "#1 TableView (0, 0, 400, 300)\n"
                              "  columns: Name (200) | Size (50)\n"
-                             "    [-] Nibbles | 5\n"
-                             "          Muffins | 7\n"
+                             "    [-] Nibbles | 7\n"
+                             "          Mini muffins | 12\n"
                              "    [+] Recipes | 7\n");
 }
 
