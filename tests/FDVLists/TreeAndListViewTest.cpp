@@ -210,6 +210,7 @@ TEST_F(TreeAndListViewTest, OpenFoldersAreKeptWhileAnotherViewIsShownAndTheFirst
     Show();
     EXPECT_TRUE(resource.treeView.IsItemExpanded(Node("Recipes")));
     resource.treeView.SimulateUserCollapse(Node("Recipes"));
+    resource.treeView.CollapseItem(Node("Nibbles"));  // nothing open at all
     view.WillDisappear();
     resource.treeView.ExpandItem(Node("Recipes"));  // another view's doing
     view.GetInMemoryViewState()->InitStateIfNeeded(forest);
