@@ -51,13 +51,11 @@ class RowFactory : public TreeItemFactory {
 public:
     NK::Owner<TreeItem> CreateItem(const ModelItem& item) override
     {
-        ++created;
         const std::string& name = AsNamed(item).GetName();
         auto renamed = displayNames.find(name);
         return NK::NewOwned<NamedRow>(item, renamed != displayNames.end() ? renamed->second : name);
     }
     std::map<std::string, std::string> displayNames;
-    int created = 0;
 };
 
 // Finds items by their name (and their own search texts, if any).
