@@ -14,9 +14,7 @@ class HierarchicalViewTest : public ::testing::Test {
 protected:
     HierarchicalViewTest()
     {
-        auto rowFactory = NK::NewOwned<RowFactory>();
-        factory = rowFactory.Get();
-        view = std::make_unique<HierarchicalView>(nullptr, resource, std::move(rowFactory));
+        view = std::make_unique<HierarchicalView>(nullptr, resource, NK::NewOwned<RowFactory>());
         view->SetSearchFilter(NK::NewOwned<NameSearchFilter>());
         view->SetCurrentItems(&forest);
         recorder.view = view.get();
@@ -47,7 +45,6 @@ protected:
     TableResource resource;
     HierarchicalTableView& table = resource.table;
     QM::SearchEdit& searchField = resource.searchField;
-    RowFactory* factory = nullptr;
     std::unique_ptr<HierarchicalView> view;
     SelectionRecorder recorder;
 };
