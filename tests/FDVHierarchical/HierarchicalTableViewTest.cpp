@@ -18,20 +18,21 @@ protected:
     FolderableHierarchicalTableTest() { Load(SampleForest()); }
 
     // Rows for the forest, as the hierarchical view's factory would make them.
-    NK::Array<NK::Owner<HierarchicalTreeItem>> Rows(const NK::Array<NK::Owner<ModelItem>>& forest)
+    NK::Array<NK::Owner<HierarchicalTreeItem>> Rows(const NK::Array<NK::Owner<ModelItem>>& forest, TreeItemFactory& rowFactory)
     {
-        factory.SetItemFilter(static_cast<const TreeItemFactory::Filter*>(nullptr));
+        rowFactory.SetItemFilter(static_cast<const TreeItemFactory::Filter*>(nullptr));
         NK::Array<NK::Owner<HierarchicalTreeItem>> rows;
-        for (NK::Owner<TreeItem>& item : factory.CreateTree(ModelItem::ToPtrArray(forest)))
+        for (NK::Owner<TreeItem>& item : rowFactory.CreateTree(ModelItem::ToPtrArray(forest)))
             rows.Push(NK::Owner<HierarchicalTreeItem>(static_cast<HierarchicalTreeItem*>(item.Release())));
         return rows;
     }
-    HierarchicalTableView::UpdateResult Load(const std::vector<Node>& nodes)
+    HierarchicalTableView::UpdateResult Load(const std::vector<Node>& nodes) { return Load(nodes, factory); }
+    HierarchicalTableView::UpdateResult Load(const std::vector<Node>& nodes, TreeItemFactory& rowFactory)
     {
         // The previous forest stays alive until the rows made from it are gone.
         previousForest = std::move(forest);
         forest = BuildForest(nodes);
-        return table.SetItems(Rows(forest));
+        return table.SetItems(Rows(forest, rowFactory));
     }
     std::string Selected() const { return FDVTest::Names(table.GetSelectedModelItems()); }
     NameList Expanded() const
@@ -53,80 +54,82 @@ TEST_F(FolderableHierarchicalTableTest, TheItemIndexKnowsEveryRowsParentAndDepth
 {
     const auto& index = table.GetHierarchicalDataProvider().GetItemIndex();
     ASSERT_EQ(index.GetSize(), 8u);
-    const auto* detail = index.Find(IdOf("Detail"));
+    const auto* detail = index.Find(IdOf("Dumplings"));
     ASSERT_NE(detail, nullptr);
-    EXPECT_EQ(detail->parentId, IdOf("Section"));
+    EXPECT_EQ(detail->parentId, IdOf("Spinach"));
     EXPECT_EQ(detail->depth, 3);
-    EXPECT_EQ(index.Find(IdOf("Project"))->parentId, WZ::Folderable::HierarchicalItemId::virtualRootId);
+    EXPECT_EQ(index.Find(IdOf("Recipes"))->parentId, WZ::Folderable::HierarchicalItemId::virtualRootId);
     EXPECT_EQ(index.Find(IdOf("Nowhere")), nullptr);
 
     // Levels from the top, each in display order.
     const auto& levels = index.GetLevels();
     ASSERT_EQ(levels.GetSize(), 4u);
     EXPECT_EQ(levels[0].GetSize(), 2u);
-    EXPECT_EQ(levels[1].GetSize(), 3u);  // Views, Sheets, Minutes
-    EXPECT_EQ(levels[3][0], IdOf("Detail"));
+    EXPECT_EQ(levels[1].GetSize(), 3u);  // Vegetables, Stews, Muffins
+    EXPECT_EQ(levels[3][0], IdOf("Dumplings"));
 
     // Ancestors stop below the virtual root; unknown ids add nothing; shared paths appear once.
     GuidSet ancestors = table.GetHierarchicalDataProvider().GetAllAncestorsOfItems(
-        {IdOf("Detail"), IdOf("Plan"), IdOf("Minutes"), IdOf("Nowhere")});
+        {IdOf("Dumplings"), IdOf("Peppers"), IdOf("Muffins"), IdOf("Nowhere")});
     EXPECT_EQ(ancestors.GetSize(), 4u);
-    for (const char* name : {"Section", "Views", "Project", "Notes"})
+    for (const char* name : {"Spinach", "Vegetables", "Recipes", "Nibbles"})
         EXPECT_TRUE(ancestors.Contains(IdOf(name))) << name;
-    EXPECT_TRUE(table.GetHierarchicalDataProvider().GetAllAncestorsOfItems({IdOf("Project")}).IsEmpty());
+    EXPECT_TRUE(table.GetHierarchicalDataProvider().GetAllAncestorsOfItems({IdOf("Recipes")}).IsEmpty());
 }
 
 TEST_F(FolderableHierarchicalTableTest, RowsShowDisplayNamesInTheTreeColumnAndStringsElsewhere)
 {
-    table.ExpandItem(IdOf("Notes"));
+    factory.displayNames["Muffins"] = "Mini muffins";
+    Load(SampleForest());
+    table.ExpandItem(IdOf("Nibbles"));
     EXPECT_EQ(Render(table), "#1 TableView (0, 0, 400, 300)\n"
-                             "    [-] Notes\n"
-                             "          Minutes\n"
-                             "    [+] Project\n");
+                             "    [-] Nibbles\n"
+                             "          Mini muffins\n"
+                             "    [+] Recipes\n");
     // With columns, the first shown one carries the names; the others the rows' own strings.
     table.SetColumns({QM::TableView::Column {"size", "Size", 50, false}, QM::TableView::Column {"name", "Name", 200, true},
                       QM::TableView::Column {"size2", "Size", 50, true}});
     EXPECT_EQ(Render(table), "#1 TableView (0, 0, 400, 300)\n"
                              "  columns: Name (200) | Size (50)\n"
-                             "    [-] Notes | \n"
-                             "          Minutes | \n"
-                             "    [+] Project | \n");
+                             "    [-] Nibbles | \n"
+                             "          Mini muffins | \n"
+                             "    [+] Recipes | \n");
     table.SetColumns({QM::TableView::Column {"name", "Name", 200, true}, QM::TableView::Column {"size", "Size", 50, true}});
     EXPECT_EQ(Render(table), "#1 TableView (0, 0, 400, 300)\n"
                              "  columns: Name (200) | Size (50)\n"
-                             "    [-] Notes | 5\n"
-                             "          Minutes | 7\n"
-                             "    [+] Project | 7\n");
+                             "    [-] Nibbles | 7\n"
+                             "          Mini muffins | 12\n"
+                             "    [+] Recipes | 7\n");
 }
 
 TEST_F(FolderableHierarchicalTableTest, SetItemsClearsTheSelectionAndReturnsWhatWasOpenAndSelected)
 {
-    table.ExpandItem(IdOf("Project"));
-    table.ExpandItem(IdOf("Views"));
-    table.SelectItems({IdOf("Plan"), IdOf("Sheets")}, {});
-    ASSERT_EQ(Selected(), "Sheets Plan");  // display order
-    factory.displayNames["Views"] = "Views (renamed)";  // changed content: the toolkit resets the row
+    table.ExpandItem(IdOf("Recipes"));
+    table.ExpandItem(IdOf("Vegetables"));
+    table.SelectItems({IdOf("Peppers"), IdOf("Stews")}, {});
+    ASSERT_EQ(Selected(), "Stews Peppers");  // display order
+    factory.displayNames["Vegetables"] = "Vegetables (renamed)";  // changed content: the toolkit resets the row
 
     HierarchicalTableView::UpdateResult result = Load(SampleForest());
 
     EXPECT_EQ(Selected(), "");
-    EXPECT_FALSE(table.IsExpandedItem(IdOf("Views")));
-    EXPECT_TRUE(table.IsExpandedItem(IdOf("Project")));  // unchanged rows keep their state
+    EXPECT_FALSE(table.IsExpandedItem(IdOf("Vegetables")));
+    EXPECT_TRUE(table.IsExpandedItem(IdOf("Recipes")));  // unchanged rows keep their state
     ASSERT_NE(result.selectionRestorer, nullptr);
-    EXPECT_EQ(result.selectionRestorer->GetSelectedIds(), (NK::Array<NK::Guid> {IdOf("Sheets"), IdOf("Plan")}));
-    EXPECT_TRUE(result.selectionRestorer->GetAncestorIds().Contains(IdOf("Views")));
+    EXPECT_EQ(result.selectionRestorer->GetSelectedIds(), (NK::Array<NK::Guid> {IdOf("Stews"), IdOf("Peppers")}));
+    EXPECT_TRUE(result.selectionRestorer->GetAncestorIds().Contains(IdOf("Vegetables")));
 
     result.expandRestorer->Restore();
     result.selectionRestorer->Restore();
-    EXPECT_TRUE(table.IsExpandedItem(IdOf("Views")));
-    EXPECT_EQ(Selected(), "Sheets Plan");
+    EXPECT_TRUE(table.IsExpandedItem(IdOf("Vegetables")));
+    EXPECT_EQ(Selected(), "Stews Peppers");
     // The selection now names the new forest's items.
-    EXPECT_EQ(table.GetSelectedModelItems()[1], Find(forest, "Plan"));
+    EXPECT_EQ(table.GetSelectedModelItems()[1], Find(forest, "Peppers"));
 }
 
 TEST_F(FolderableHierarchicalTableTest, ATooltipChangeAloneKeepsTheRowAsItWas)
 {
-    table.ExpandItem(IdOf("Project"));
+    table.ExpandItem(IdOf("Recipes"));
     table.ResetJournal();
     struct TipFactory : RowFactory {
         NK::Owner<TreeItem> CreateItem(const ModelItem& item) override
@@ -134,41 +137,30 @@ TEST_F(FolderableHierarchicalTableTest, ATooltipChangeAloneKeepsTheRowAsItWas)
             return NK::NewOwned<NamedRow>(item, AsNamed(item).GetName(), NK::UniString("new tip"));
         }
     } tipFactory;
-    tipFactory.SetItemFilter(static_cast<const TreeItemFactory::Filter*>(nullptr));
-    previousForest = std::move(forest);
-    forest = BuildForest(SampleForest());
-    NK::Array<NK::Owner<HierarchicalTreeItem>> rows;
-    for (NK::Owner<TreeItem>& item : tipFactory.CreateTree(ModelItem::ToPtrArray(forest)))
-        rows.Push(NK::Owner<HierarchicalTreeItem>(static_cast<HierarchicalTreeItem*>(item.Release())));
-
-    table.SetItems(std::move(rows));
+    Load(SampleForest(), tipFactory);
 
     EXPECT_EQ(table.GetJournal().GetCount(QM::Op::RedrawItem), 0u);
     EXPECT_EQ(table.GetJournal().GetCount(QM::Op::InsertItem), 0u);
-    EXPECT_TRUE(table.IsExpandedItem(IdOf("Project")));
+    EXPECT_TRUE(table.IsExpandedItem(IdOf("Recipes")));
 }
 
-TEST_F(FolderableHierarchicalTableTest, RestoringExpandedIdsOpensThePathsAndClosesTheRest)
-{
-    table.ExpandItem(IdOf("Notes"));
-    table.RestoreExpandedItemsByIds(GuidSet {IdOf("Section"), IdOf("Gone")});
-    EXPECT_EQ(Expanded(), (NameList {"Project", "Views", "Section"}));
-    EXPECT_EQ(Selected(), "");
-
-    table.RestoreExpandedItemsByIds(GuidSet {});
-    EXPECT_TRUE(Expanded().empty());
-}
-
-TEST_F(FolderableHierarchicalTableTest, ExpansionByIdIgnoresUnknownIds)
+// Restoring ids opens the paths to them and closes the rest; every id-based operation ignores
+// ids that name no row, without a report.
+TEST_F(FolderableHierarchicalTableTest, ExpansionByIdOpensPathsAndIgnoresUnknownIds)
 {
     NK::AssertCapture capture;
-    table.ToggleOpenness(IdOf("Project"));
-    EXPECT_TRUE(table.IsExpandedItem(IdOf("Project")));
-    table.ToggleOpenness(IdOf("Project"));
-    EXPECT_FALSE(table.IsExpandedItem(IdOf("Project")));
-    table.ExpandItems(GuidSet {IdOf("Notes"), IdOf("Gone")});
-    EXPECT_EQ(Expanded(), (NameList {"Notes"}));
-    table.CollapseItem(IdOf("Notes"));
+    table.ExpandItem(IdOf("Nibbles"));
+    table.RestoreExpandedItemsByIds(GuidSet {IdOf("Spinach"), IdOf("Gone")});
+    EXPECT_EQ(Expanded(), (NameList {"Recipes", "Vegetables", "Spinach"}));
+    table.RestoreExpandedItemsByIds(GuidSet {});
+    EXPECT_TRUE(Expanded().empty());
+
+    table.ToggleOpenness(IdOf("Recipes"));
+    EXPECT_TRUE(table.IsExpandedItem(IdOf("Recipes")));
+    table.ToggleOpenness(IdOf("Recipes"));
+    table.ExpandItems(GuidSet {IdOf("Nibbles"), IdOf("Gone")});
+    EXPECT_EQ(Expanded(), (NameList {"Nibbles"}));
+    table.CollapseItem(IdOf("Nibbles"));
     table.CollapseItem(IdOf("Gone"));
     table.ScrollToNode(IdOf("Gone"));
     EXPECT_FALSE(table.IsExpandedItem(IdOf("Gone")));
@@ -179,9 +171,9 @@ TEST_F(FolderableHierarchicalTableTest, ExpansionByIdIgnoresUnknownIds)
 
 TEST_F(FolderableHierarchicalTableTest, SelectingItemsOpensTheirFoldersAndScrollsToTheFirstOfSeveral)
 {
-    table.SelectItems({IdOf("Detail")}, table.GetHierarchicalDataProvider().GetAllAncestorsOfItems({IdOf("Detail")}));
-    EXPECT_EQ(Selected(), "Detail");
-    EXPECT_EQ(table.GetRowIndex(IdOf("Detail")), std::optional<int>(6));  // Notes, Project, Sheets, Views, Plan, Section, Detail
+    table.SelectItems({IdOf("Dumplings")}, table.GetHierarchicalDataProvider().GetAllAncestorsOfItems({IdOf("Dumplings")}));
+    EXPECT_EQ(Selected(), "Dumplings");
+    EXPECT_EQ(table.GetRowIndex(IdOf("Dumplings")), std::optional<int>(6));  // Nibbles, Recipes, Stews, Vegetables, Peppers, Spinach, Dumplings
 
     // Enough rows that the first selected one lies below the visible part.
     std::vector<Node> many;
@@ -206,33 +198,33 @@ TEST_F(FolderableHierarchicalTableTest, TheUserDelegateHearsOfSelectionChangesWh
 {
     RecordingUserDelegate user;
     table.SetUserDelegate(&user);
-    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Notes")));
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Nibbles")));
     EXPECT_EQ(user.changes, 1);
     table.SetUserDelegate(nullptr);
-    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Project")));
+    ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Recipes")));
     EXPECT_EQ(user.changes, 1);
-    EXPECT_EQ(Selected(), "Project");
+    EXPECT_EQ(Selected(), "Recipes");
 }
 
 TEST_F(FolderableHierarchicalTableTest, TheFirstNonSelectedRowIsLookedForAfterTheSelectionThenBeforeIt)
 {
     EXPECT_EQ(table.GetFirstNonSelectedItemAfterSelection(), nullptr);
-    table.ExpandItem(IdOf("Project"));  // Notes, Project, Sheets, Views
-    table.SelectItems({IdOf("Project")}, {});
-    EXPECT_EQ(table.GetFirstNonSelectedItemAfterSelection(), Find(forest, "Sheets"));
-    table.SelectItems({IdOf("Sheets"), IdOf("Views")}, {});
-    EXPECT_EQ(table.GetFirstNonSelectedItemAfterSelection(), Find(forest, "Project"));
-    table.SelectItems({IdOf("Notes"), IdOf("Project"), IdOf("Sheets"), IdOf("Views")}, {});
+    table.ExpandItem(IdOf("Recipes"));  // Nibbles, Recipes, Stews, Vegetables
+    table.SelectItems({IdOf("Recipes")}, {});
+    EXPECT_EQ(table.GetFirstNonSelectedItemAfterSelection(), Find(forest, "Stews"));
+    table.SelectItems({IdOf("Stews"), IdOf("Vegetables")}, {});
+    EXPECT_EQ(table.GetFirstNonSelectedItemAfterSelection(), Find(forest, "Recipes"));
+    table.SelectItems({IdOf("Nibbles"), IdOf("Recipes"), IdOf("Stews"), IdOf("Vegetables")}, {});
     EXPECT_EQ(table.GetFirstNonSelectedItemAfterSelection(), nullptr);
 }
 
 TEST_F(FolderableHierarchicalTableTest, TextEditOpensOnASingleSelectedRowOfAKnownColumn)
 {
     EXPECT_FALSE(table.ActivateTextEditModeOnSelectedNode({}));
-    table.SelectItems({IdOf("Minutes")}, {});
+    table.SelectItems({IdOf("Muffins")}, {});
     EXPECT_TRUE(table.ActivateTextEditModeOnSelectedNode({}));
     ASSERT_TRUE(table.GetEditedNode().has_value());
-    EXPECT_EQ(table.GetEditedNode()->id, IdOf("Minutes"));
+    EXPECT_EQ(table.GetEditedNode()->id, IdOf("Muffins"));
 
     table.SetColumns({QM::TableView::Column {"name", "Name", 200, true}});
     NK::AssertCapture capture;

@@ -51,13 +51,11 @@ class RowFactory : public TreeItemFactory {
 public:
     NK::Owner<TreeItem> CreateItem(const ModelItem& item) override
     {
-        ++created;
         const std::string& name = AsNamed(item).GetName();
         auto renamed = displayNames.find(name);
         return NK::NewOwned<NamedRow>(item, renamed != displayNames.end() ? renamed->second : name);
     }
     std::map<std::string, std::string> displayNames;
-    int created = 0;
 };
 
 // Finds items by their name (and their own search texts, if any).
@@ -135,11 +133,11 @@ public:
     NK::Int16 number;
 };
 
-// Project(Views(Plan, Section(Detail)), Sheets), Notes(Minutes)
+// A recipe collection: Recipes(Vegetables(Peppers, Spinach(Dumplings)), Stews), Nibbles(Muffins)
 inline std::vector<Node> SampleForest()
 {
-    return {Node("Project", {Node("Views", {Node("Plan"), Node("Section", {Node("Detail")})}), Node("Sheets")}),
-            Node("Notes", {Node("Minutes")})};
+    return {Node("Recipes", {Node("Vegetables", {Node("Peppers"), Node("Spinach", {Node("Dumplings")})}), Node("Stews")}),
+            Node("Nibbles", {Node("Muffins")})};
 }
 
 // The model item of the forest with the name; fails the test when there is none.

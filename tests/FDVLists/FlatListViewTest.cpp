@@ -34,19 +34,19 @@ protected:
 
 TEST_F(FlatListViewTest, ShowsEveryItemSortedWithTheSelectionItAppearsWith)
 {
-    Show(Selection {Find(forest, "Plan"), Find(forest, "Notes")});
+    Show(Selection {Find(forest, "Peppers"), Find(forest, "Nibbles")});
 
-    EXPECT_EQ(Rows(List()), "Detail Minutes Notes Plan Project Section Sheets Views");
-    EXPECT_EQ(Names(view.GetSelection().GetItems()), "Notes Plan");
+    EXPECT_EQ(Rows(List()), "Dumplings Muffins Nibbles Peppers Recipes Spinach Stews Vegetables");
+    EXPECT_EQ(Names(view.GetSelection().GetItems()), "Nibbles Peppers");
     EXPECT_TRUE(ListBox().IsVisible());
     EXPECT_TRUE(ListBox().IsDrawEnabled());
     EXPECT_TRUE(recorder.reported.empty());
-    EXPECT_EQ(ListBox().GetTabItemText(RowOf(List(), "Section"), 2).ToUtf8(), "7");
+    EXPECT_EQ(ListBox().GetTabItemText(RowOf(List(), "Spinach"), 2).ToUtf8(), "7");
 }
 
 TEST_F(FlatListViewTest, ARefreshOfTheSameRowsChangesNothingAndSendsNothing)
 {
-    Show(Selection {Find(forest, "Plan")});
+    Show(Selection {Find(forest, "Peppers")});
     ListBox().ResetJournal();
 
     view.Refresh();
@@ -58,59 +58,59 @@ TEST_F(FlatListViewTest, ARefreshOfTheSameRowsChangesNothingAndSendsNothing)
     EXPECT_EQ(journal.GetCount(QM::Op::Redraw), 1u);
     EXPECT_TRUE(ListBox().IsDrawEnabled());
     EXPECT_TRUE(recorder.reported.empty());
-    EXPECT_EQ(Names(view.GetSelection().GetItems()), "Plan");
+    EXPECT_EQ(Names(view.GetSelection().GetItems()), "Peppers");
 }
 
 TEST_F(FlatListViewTest, ARefreshThatDropsASelectedRowSendsOneEvent)
 {
-    Show(Selection {Find(forest, "Plan"), Find(forest, "Sheets")});
-    // The client removes "Sheets" from its model.
+    Show(Selection {Find(forest, "Peppers"), Find(forest, "Stews")});
+    // The client removes "Stews" from its model.
     NK::Array<NK::Owner<ModelItem>>& project = forest[0]->GetChildren();
     project.Delete(1);
 
     view.Refresh();
 
-    EXPECT_EQ(Rows(List()), "Detail Minutes Notes Plan Project Section Views");
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Plan"}));
+    EXPECT_EQ(Rows(List()), "Dumplings Muffins Nibbles Peppers Recipes Spinach Vegetables");
+    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Peppers"}));
 }
 
 TEST_F(FlatListViewTest, UserSelectionIsReportedAndTheViewIsDeafWhileHandlingIsOff)
 {
     Show();
-    ListBox().SimulateUserClickRow(RowOf(List(), "Views"));
+    ListBox().SimulateUserClickRow(RowOf(List(), "Vegetables"));
     view.DisableSelectionHandling();
-    ListBox().SimulateUserClickRow(RowOf(List(), "Notes"));
+    ListBox().SimulateUserClickRow(RowOf(List(), "Nibbles"));
     view.EnableSelectionHandling();
-    ListBox().SimulateUserSelectRows({RowOf(List(), "Notes"), RowOf(List(), "Plan")});
+    ListBox().SimulateUserSelectRows({RowOf(List(), "Nibbles"), RowOf(List(), "Peppers")});
 
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Views", "Notes Plan"}));
+    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Vegetables", "Nibbles Peppers"}));
 }
 
 TEST_F(FlatListViewTest, ASearchNarrowsTheRowsAndItsEndRestoresRowsAndSelection)
 {
-    Show(Selection {Find(forest, "Plan")});
+    Show(Selection {Find(forest, "Peppers")});
 
     resource.searchField.SimulateUserType("s");
-    EXPECT_EQ(Rows(List()), "Minutes Section Sheets");  // items without search texts never show
+    EXPECT_EQ(Rows(List()), "Muffins Spinach Stews");  // items without search texts never show
     EXPECT_TRUE(view.GetSelection().IsEmpty());
     resource.searchField.SimulateUserType("e");
-    EXPECT_EQ(Rows(List()), "Section");
+    EXPECT_EQ(Rows(List()), "Spinach");
     resource.searchField.SimulateUserClear();
 
-    EXPECT_EQ(Rows(List()), "Detail Minutes Notes Plan Project Section Sheets Views");
-    EXPECT_EQ(Names(view.GetSelection().GetItems()), "Plan");
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"", "Plan"}));
+    EXPECT_EQ(Rows(List()), "Dumplings Muffins Nibbles Peppers Recipes Spinach Stews Vegetables");
+    EXPECT_EQ(Names(view.GetSelection().GetItems()), "Peppers");
+    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"", "Peppers"}));
 }
 
 TEST_F(FlatListViewTest, ARowPickedDuringASearchStaysSelectedAfterIt)
 {
-    Show(Selection {Find(forest, "Plan")});
-    resource.searchField.SimulateUserType("sheets");
-    ListBox().SimulateUserClickRow(RowOf(List(), "Sheets"));
+    Show(Selection {Find(forest, "Peppers")});
+    resource.searchField.SimulateUserType("stews");
+    ListBox().SimulateUserClickRow(RowOf(List(), "Stews"));
     resource.searchField.SimulateUserClear();
 
-    EXPECT_EQ(Names(view.GetSelection().GetItems()), "Sheets");
-    EXPECT_EQ(recorder.reported.back(), "Sheets");
+    EXPECT_EQ(Names(view.GetSelection().GetItems()), "Stews");
+    EXPECT_EQ(recorder.reported.back(), "Stews");
 }
 
 TEST_F(FlatListViewTest, WithoutASearchFilterASearchShowsEveryRow)
@@ -118,17 +118,17 @@ TEST_F(FlatListViewTest, WithoutASearchFilterASearchShowsEveryRow)
     view.SetListItemSearchFilter(nullptr);
     Show();
     resource.searchField.SimulateUserType("zzz");
-    EXPECT_EQ(Rows(List()), "Detail Minutes Notes Plan Project Section Sheets Views");
+    EXPECT_EQ(Rows(List()), "Dumplings Muffins Nibbles Peppers Recipes Spinach Stews Vegetables");
 }
 
 TEST_F(FlatListViewTest, ANewSearchFilterTakesTheFieldsText)
 {
     Show();
-    resource.searchField.SimulateUserType("minutes");
+    resource.searchField.SimulateUserType("muffins");
     auto filter = NK::NewOwned<TextSearchFilter>();
     const TextSearchFilter* raw = filter.Get();
     view.SetListItemSearchFilter(std::move(filter));
-    EXPECT_EQ(raw->GetSearchText().ToUtf8(), "minutes");
+    EXPECT_EQ(raw->GetSearchText().ToUtf8(), "muffins");
 }
 
 // Rows kept from before would lead to items of a forest that may be deleted next.
@@ -207,10 +207,10 @@ TEST_F(FlatListViewTest, RowsLeadBackToTheirModelItems)
 {
     Show();
     EXPECT_EQ(List().GetRow(IdOf("nothing")), UntypedListBox::InvalidListItemIndex);
-    EXPECT_EQ(List().GetModelItem(RowOf(List(), "Detail")), Find(forest, "Detail"));
+    EXPECT_EQ(List().GetModelItem(RowOf(List(), "Dumplings")), Find(forest, "Dumplings"));
     EXPECT_EQ(List().GetModelItem(IdOf("nothing")), nullptr);
-    List().SelectItems(NK::Array<const ModelItem*> {Find(forest, "Views"), Find(forest, "Minutes")});
-    EXPECT_EQ(Names(List().GetSelectedModelItems()), "Minutes Views");
+    List().SelectItems(NK::Array<const ModelItem*> {Find(forest, "Vegetables"), Find(forest, "Muffins")});
+    EXPECT_EQ(Names(List().GetSelectedModelItems()), "Muffins Vegetables");
 }
 
 }  // namespace

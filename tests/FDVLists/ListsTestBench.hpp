@@ -133,12 +133,14 @@ public:
     std::vector<std::string> reported;
 };
 
-// Project(Views(Plan, Section(Detail)), Sheets), Notes(Minutes)
+// A recipe collection: Recipes(Vegetables(Peppers, Spinach(Dumplings)), Stews), Nibbles(Muffins),
+// each item but the folders Recipes, Vegetables and Nibbles with its own search texts.
 inline std::vector<Node> SampleForest()
 {
-    return {Node("Project", {Node("Views", {Node("Plan", {}, {"plan ground"}), Node("Section", {Node("Detail", {}, {"detail"})}, {"section"})}),
-                             Node("Sheets", {}, {"sheets"})}),
-            Node("Notes", {Node("Minutes", {}, {"minutes"})})};
+    return {Node("Recipes", {Node("Vegetables", {Node("Peppers", {}, {"red pepper"}),
+                                                 Node("Spinach", {Node("Dumplings", {}, {"dumpling"})}, {"spinach seeds"})}),
+                             Node("Stews", {}, {"stews"})}),
+            Node("Nibbles", {Node("Muffins", {}, {"muffins"})})};
 }
 
 inline const ModelItem* Find(const NK::Array<NK::Owner<ModelItem>>& forest, const std::string& name)

@@ -1,7 +1,10 @@
-// The pop-up of parent folders and the focus tracker of the tree-and-list view on their own.
+// The controls beside the tree-and-list view's list on their own: the pop-up of parent folders,
+// the focus tracker, and the splitter bar that the list box follows.
 #include "ListsTestBench.hpp"
 
 #include "NK/NKAssert.hpp"
+#include "QM/QMSplitter.hpp"
+#include "WZSources/ImprovedControls/WZImprovedHorizontalSplitter.hpp"
 
 #include <gtest/gtest.h>
 
@@ -39,43 +42,33 @@ protected:
     NK::Array<NK::Owner<ModelItem>> forest;
 };
 
-TEST_F(PopUpViewTest, ShowsTheEntriesAndChoosesTheLastSilently)
+TEST_F(PopUpViewTest, ShowsThePathWithTheLastChosenAndPassesOnlyAUsersPick)
 {
-    popUp.SetItems(Path({"Project", "Views", "Section"}));
-    EXPECT_EQ(PopUpEntries(control), "Project > Views > Section");
-    EXPECT_EQ(control.GetSelectedItem(), 3);
-    EXPECT_EQ(&popUp.GetSelectedItem()->GetModel(), Find(forest, "Section"));
+    popUp.SetItems(Path({"Recipes", "Vegetables", "Spinach"}));
+    EXPECT_EQ(PopUpEntries(control), "Recipes > Vegetables > Spinach");
+    EXPECT_EQ(&popUp.GetSelectedItem()->GetModel(), Find(forest, "Spinach"));
     EXPECT_TRUE(recorder.picked.empty());
-}
-
-TEST_F(PopUpViewTest, AUsersPickReachesTheDelegate)
-{
-    popUp.SetItems(Path({"Project", "Views", "Section"}));
     control.SimulateUserSelect(2);
-    EXPECT_EQ(recorder.picked, (std::vector<std::string> {"Views"}));
-}
+    EXPECT_EQ(recorder.picked, (std::vector<std::string> {"Vegetables"}));
 
-TEST_F(PopUpViewTest, WalkingAlongAPathRewritesOnlyItsEnd)
-{
-    popUp.SetItems(Path({"Project", "Views"}));
-    control.ResetJournal();
-    popUp.SetItems(Path({"Project", "Views", "Section"}));
-    popUp.SetItems(Path({"Project", "Sheets"}));
-    EXPECT_EQ(control.GetJournal().GetCount(QM::Op::InsertItem), 2u);
-    EXPECT_EQ(control.GetJournal().GetCount(QM::Op::DeleteItem), 2u);
-    EXPECT_EQ(PopUpEntries(control), "Project > Sheets");
-    popUp.SetItems({});
-    EXPECT_EQ(control.GetItemCount(), 0);
-    EXPECT_EQ(popUp.GetSelectedItem(), nullptr);
-}
-
-TEST_F(PopUpViewTest, APickWithoutADelegateIsReported)
-{
-    popUp.SetItems(Path({"Project", "Views"}));
     popUp.SetDelegate(nullptr);
     NK::AssertCapture capture;
     control.SimulateUserSelect(1);
     EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"delegate != nullptr"}));
+}
+
+TEST_F(PopUpViewTest, WalkingAlongAPathRewritesOnlyItsEnd)
+{
+    popUp.SetItems(Path({"Recipes", "Vegetables"}));
+    control.ResetJournal();
+    popUp.SetItems(Path({"Recipes", "Vegetables", "Spinach"}));
+    popUp.SetItems(Path({"Recipes", "Stews"}));
+    EXPECT_EQ(control.GetJournal().GetCount(QM::Op::InsertItem), 2u);
+    EXPECT_EQ(control.GetJournal().GetCount(QM::Op::DeleteItem), 2u);
+    EXPECT_EQ(PopUpEntries(control), "Recipes > Stews");
+    popUp.SetItems({});
+    EXPECT_EQ(control.GetItemCount(), 0);
+    EXPECT_EQ(popUp.GetSelectedItem(), nullptr);
 }
 
 class FocusRecorder : public ListAndTreeFocusDelegate {
@@ -83,13 +76,14 @@ public:
     explicit FocusRecorder(const ListAndTreeFocus& focus) : focus(focus) {}
     void ListAndTreeFocusChanged() override
     {
-        changes.push_back(focus.GetLastFocus() == ListAndTreeFocus::Status::Tree ? "tree" : "list");
+        auto name = [](ListAndTreeFocus::Status status) { return status == ListAndTreeFocus::Status::Tree ? "tree" : "list"; };
+        changes.push_back(std::string(name(focus.GetPreviousFocus())) + ">" + name(focus.GetLastFocus()));
     }
     const ListAndTreeFocus& focus;
     std::vector<std::string> changes;
 };
 
-TEST(ListAndTreeFocusTest, RecordsTheLastFocusedControlOnlyWhileEnabled)
+TEST(ListAndTreeFocusTest, RecordsTheLastFocusedControlAndTheOneBeforeOnlyWhileEnabled)
 {
     QM::Dialog dialog;
     QM::TreeView tree(dialog, QM::Rect(0, 0, 100, 100));
@@ -105,11 +99,47 @@ TEST(ListAndTreeFocusTest, RecordsTheLastFocusedControlOnlyWhileEnabled)
     tree.SimulateUserFocus();
     search.SimulateUserType("x");  // another control: not recorded
     list.SimulateUserFocus();
-    focus.Disable();
     tree.SimulateUserFocus();
+    focus.Disable();
+    list.SimulateUserFocus();
 
-    EXPECT_EQ(recorder.changes, (std::vector<std::string> {"tree", "list"}));
-    EXPECT_EQ(focus.GetLastFocus(), ListAndTreeFocus::Status::List);
+    EXPECT_EQ(recorder.changes, (std::vector<std::string> {"tree>tree", "tree>list", "list>tree"}));
+    EXPECT_EQ(focus.GetLastFocus(), ListAndTreeFocus::Status::Tree);
+}
+
+// The tree left of the bar keeps its left edge, the list right of it its right edge, however the
+// bar moves; neither becomes narrower than nothing.
+TEST(ImprovedHorizontalSplitterTest, TheListBoxAndTheTreeFollowTheBar)
+{
+    ListsResource resource;
+    resource.treeView.SetRect(QM::Rect(0, 0, 200, 300));
+    resource.listBox.SetRect(QM::Rect(204, 0, 500, 300));
+    QM::Splitter bar(resource.dialog, QM::Rect(200, 0, 204, 300));
+    WZ::ImprovedHorizontalSplitter splitter(bar);
+    splitter.AddItem(resource.treeView);
+    resource.list.AddToImprovedSplitter(splitter);
+    EXPECT_EQ(splitter.GetItems(WZ::ImprovedHorizontalSplitter::Pane::Right).GetSize(), 1u);
+
+    struct Step {
+        int drag;
+        short treeRight, listLeft;
+    };
+    const std::vector<Step> steps {{30, 230, 234}, {-100, 130, 134}, {-200, 0, -66}, {600, 600, 500}};
+    for (const Step& step : steps) {
+        bar.SimulateUserDrag(step.drag);
+        EXPECT_EQ(resource.treeView.GetRect(), QM::Rect(0, 0, step.treeRight, 300)) << step.drag;
+        EXPECT_EQ(resource.listBox.GetRect(), QM::Rect(step.listLeft, 0, 500, 300)) << step.drag;
+    }
+    // A removed item stays where it is; the program's moves of the bar count like the user's.
+    splitter.RemoveItem(resource.treeView);
+    bar.SetPosition(300);
+    EXPECT_EQ(resource.treeView.GetRect(), QM::Rect(0, 0, 600, 300));
+    EXPECT_EQ(resource.listBox.GetRect(), QM::Rect(270, 0, 500, 300));
+
+    NK::AssertCapture capture;
+    QM::Splitter lying(resource.dialog, QM::Rect(0, 100, 500, 104), QM::Splitter::Orientation::Horizontal);
+    WZ::ImprovedHorizontalSplitter refused(lying);
+    EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"splitter.GetOrientation () == Vertical"}));
 }
 
 }  // namespace

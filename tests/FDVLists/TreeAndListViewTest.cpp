@@ -6,11 +6,13 @@
 #include "NK/NKAssert.hpp"
 #include "QM/QMTextRenderer.hpp"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
 
 using namespace FDVListsTest;
+using Events = std::vector<std::string>;
 
 class TreeAndListViewTest : public ::testing::Test {
 protected:
@@ -25,10 +27,27 @@ protected:
     }
 
     void Show(const Selection& selection = {}) { view.WillAppear(View::OpenData {selection, nullptr}); }
+    Selection Items(const std::vector<std::string>& names) const
+    {
+        NK::Array<const ModelItem*> items;
+        for (const std::string& name : names)
+            items.Push(Find(forest, name));
+        return Selection(items);
+    }
+    int Node(const std::string& name) const { return resource.tree.GetNode(IdOf(name)); }
     // A user's click on the node of the named folder.
-    void ClickFolder(const std::string& name) { resource.treeView.SimulateUserSelectNode(resource.tree.GetNode(IdOf(name))); }
+    void ClickFolder(const std::string& name) { resource.treeView.SimulateUserSelectNode(Node(name)); }
     std::string Chosen() const { return view.GetTreeSelection() != nullptr ? AsNamed(*view.GetTreeSelection()).GetName() : "-"; }
-    std::string SelectedNames() const { return Names(view.GetSelection().GetItems()); }
+    std::string Selected() const { return Names(view.GetSelection().GetItems()); }
+    // Forest replaced by the client; the chosen folder is looked up by id, as the data view does.
+    void Replace(const std::vector<FDVTest::Node>& nodes)
+    {
+        NK::Array<NK::Owner<ModelItem>> next = BuildForest(nodes);
+        if (view.GetTreeSelection() != nullptr)
+            view.SetTreeSelection(WZ::Folderable::FindModelItemById(next, view.GetTreeSelection()->GetId()));
+        forest = std::move(next);
+        view.Refresh();
+    }
 
     ListsResource resource;
     NK::Array<NK::Owner<ModelItem>> forest;
@@ -39,253 +58,186 @@ protected:
 TEST_F(TreeAndListViewTest, AppearingChoosesTheFirstTopLevelFolder)
 {
     Show();
-
     // The tree sorts by name and shows only folders.
     EXPECT_EQ(QM::TextRenderer::Join(QM::TextRenderer::RenderItem(resource.treeView)),
-              "#2 TreeView (0, 24, 200, 276)\n  *     Notes\n    [-] Project\n      [+] Views\n");
-    EXPECT_EQ(Chosen(), "Notes");
-    EXPECT_EQ(Rows(resource.list), "Minutes");
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Notes");
+              "#2 TreeView (0, 24, 200, 276)\n  *     Nibbles\n    [-] Recipes\n      [+] Vegetables\n");
+    EXPECT_EQ(Rows(resource.list), "Muffins");
+    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Nibbles");
     EXPECT_FALSE(resource.upButton.IsEnabled());
-    EXPECT_EQ(SelectedNames(), "Notes");
+    EXPECT_EQ(Selected(), "Nibbles");
     EXPECT_TRUE(recorder.reported.empty());
 }
 
-TEST_F(TreeAndListViewTest, ClickingAFolderShowsItsChildrenPathAndParent)
+// Every way of choosing a folder shows its children, its path top-level first, and its parent
+// behind the up button, with one event.
+TEST_F(TreeAndListViewTest, FoldersAreChosenInTheTreeWithTheUpButtonAndInThePopUp)
 {
+    struct Step {
+        std::function<void()> action;
+        std::string chosen, rows, path;
+    };
+    const std::vector<Step> steps {
+        {[&] { ClickFolder("Recipes"); }, "Recipes", "Stews Vegetables", "Recipes"},
+        {[&] { view.SetSelection(Items({"Dumplings"})); }, "Spinach", "Dumplings", "Recipes > Vegetables > Spinach"},
+        {[&] { EXPECT_TRUE(resource.upButton.SimulateUserClick()); }, "Vegetables", "Peppers Spinach", "Recipes > Vegetables"},
+        {[&] { ClickFolder("Spinach"); }, "Spinach", "Dumplings", "Recipes > Vegetables > Spinach"},
+        {[&] { EXPECT_TRUE(resource.popUpControl.SimulateUserSelect(1)); }, "Recipes", "Stews Vegetables", "Recipes"},
+    };
     Show();
-    ClickFolder("Project");
-    ClickFolder("Views");
-
-    EXPECT_EQ(Chosen(), "Views");
-    EXPECT_EQ(Rows(resource.list), "Plan Section");
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Project > Views");
-    EXPECT_EQ(resource.popUpControl.GetSelectedItem(), 2);
-    EXPECT_TRUE(resource.upButton.IsEnabled());
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Project", "Views"}));
-}
-
-TEST_F(TreeAndListViewTest, ThePopUpOfAFolderThreeLevelsDeepShowsThreeEntriesTopFirst)
-{
-    Show();
-    view.SetSelection(Selection {Find(forest, "Detail")});
-
-    EXPECT_EQ(Chosen(), "Section");
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Project > Views > Section");
-    EXPECT_TRUE(resource.treeView.IsItemExpanded(resource.tree.GetNode(IdOf("Views"))));
-    EXPECT_EQ(SelectedNames(), "Detail");
-}
-
-TEST_F(TreeAndListViewTest, TheUpButtonChoosesTheParentUntilTheTopLevel)
-{
-    Show(Selection {Find(forest, "Detail")});
-    recorder.reported.clear();
-
-    EXPECT_TRUE(resource.upButton.SimulateUserClick());
-    EXPECT_EQ(Chosen(), "Views");
-    EXPECT_EQ(Rows(resource.list), "Plan Section");
-    EXPECT_EQ(resource.treeView.GetSelectedItem(), resource.tree.GetNode(IdOf("Views")));
-    resource.upButton.SimulateUserClick();
-    EXPECT_EQ(Chosen(), "Project");
-    EXPECT_FALSE(resource.upButton.IsEnabled());
+    for (const Step& step : steps) {
+        recorder.reported.clear();
+        step.action();
+        EXPECT_EQ(Chosen(), step.chosen);
+        EXPECT_EQ(Rows(resource.list), step.rows) << step.chosen;
+        EXPECT_EQ(PopUpEntries(resource.popUpControl), step.path) << step.chosen;
+        EXPECT_EQ(resource.upButton.IsEnabled(), step.chosen != "Recipes") << step.chosen;
+        EXPECT_EQ(resource.treeView.GetSelectedItem(), Node(step.chosen));
+        EXPECT_EQ(recorder.reported.size(), 1u) << step.chosen;
+    }
+    // The up button of a top-level folder cannot be clicked; forced, the click is reported.
     EXPECT_FALSE(resource.upButton.SimulateUserClick());
-
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Views", "Project"}));
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Project");
-}
-
-TEST_F(TreeAndListViewTest, AClickOnTheUpButtonOfATopLevelFolderIsReported)
-{
-    Show();
     resource.upButton.Enable();
     NK::AssertCapture capture;
     resource.upButton.SimulateUserClick();
     EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"parentFolder != nullptr"}));
-    EXPECT_EQ(Chosen(), "Notes");
+    EXPECT_EQ(Chosen(), "Recipes");
 }
 
-TEST_F(TreeAndListViewTest, PickingAnAncestorInThePopUpChoosesIt)
+TEST_F(TreeAndListViewTest, WorkingInTheTreeAfterTheListMakesTheFolderTheSelection)
 {
-    Show(Selection {Find(forest, "Detail")});
-    recorder.reported.clear();
+    for (bool byClick : {false, true}) {
+        Show(Items({"Stews"}));
+        recorder.reported.clear();
+        resource.listBox.SimulateUserSelectRows({RowOf(resource.list, "Stews"), RowOf(resource.list, "Vegetables")});
+        EXPECT_EQ(view.GetLastFocus(), WZ::Folderable::Views::ListAndTreeFocus::Status::List);
+        if (byClick)
+            ClickFolder("Nibbles");
+        else
+            resource.treeView.SimulateUserFocus();
 
-    EXPECT_TRUE(resource.popUpControl.SimulateUserSelect(1));
-
-    EXPECT_EQ(Chosen(), "Project");
-    EXPECT_EQ(Rows(resource.list), "Sheets Views");
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Project");
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Project"}));
+        const std::string folder = byClick ? "Nibbles" : "Recipes";
+        EXPECT_EQ(resource.listBox.GetSelectedCount(), 0);
+        EXPECT_EQ(Selected(), folder);
+        EXPECT_EQ(Names(view.GetItemsForCurrentControl()), folder);
+        EXPECT_EQ(view.GetLastFocus(), WZ::Folderable::Views::ListAndTreeFocus::Status::Tree);
+        EXPECT_EQ(recorder.reported, (Events {"Stews Vegetables", folder}));
+        view.WillDisappear();
+    }
 }
 
-TEST_F(TreeAndListViewTest, ClickingIntoTheTreeAfterSelectingRowsMakesTheFolderTheSelection)
-{
-    Show(Selection {Find(forest, "Sheets")});
-    resource.listBox.SimulateUserSelectRows({RowOf(resource.list, "Sheets"), RowOf(resource.list, "Views")});
-    EXPECT_EQ(SelectedNames(), "Sheets Views");
-    EXPECT_EQ(view.GetLastFocus(), WZ::Folderable::Views::ListAndTreeFocus::Status::List);
-
-    resource.treeView.SimulateUserFocus();
-
-    EXPECT_EQ(resource.listBox.GetSelectedCount(), 0);
-    EXPECT_EQ(SelectedNames(), "Project");
-    EXPECT_EQ(view.GetItemsForCurrentControl().GetSize(), 1u);
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Sheets Views", "Project"}));
-}
-
-TEST_F(TreeAndListViewTest, AClickOnATreeNodeWhileTheListHadTheFocusClearsTheListSelection)
-{
-    Show(Selection {Find(forest, "Sheets")});
-    resource.listBox.SimulateUserClickRow(RowOf(resource.list, "Views"));
-    ClickFolder("Notes");
-
-    EXPECT_EQ(Rows(resource.list), "Minutes");
-    EXPECT_EQ(resource.listBox.GetSelectedCount(), 0);
-    EXPECT_EQ(view.GetLastFocus(), WZ::Folderable::Views::ListAndTreeFocus::Status::Tree);
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Views", "Notes"}));
-}
-
-TEST_F(TreeAndListViewTest, ASelectionChoosesTheParentOfItsFirstItem)
+TEST_F(TreeAndListViewTest, ASelectionIsShownInTheFolderOfItsFirstItemAndATopLevelItemHasNone)
 {
     Show();
-    const ModelItem* project = Find(forest, "Project");
-    const ModelItem* notes = Find(forest, "Notes");
-    const ModelItem* plan = Find(forest, "Plan");
-
-    auto [planFolder, planSelection] = view.CalculateSelection(Selection {plan});
-    EXPECT_EQ(planFolder, Find(forest, "Views"));
-    EXPECT_EQ(planSelection, Selection {plan});
-    auto [alone, nothing] = view.CalculateSelection(Selection {project});
-    EXPECT_EQ(alone, project);
-    EXPECT_TRUE(nothing.IsEmpty());
-    auto [first, rest] = view.CalculateSelection(Selection {project, plan});
-    EXPECT_EQ(first, notes);  // the first top-level folder in the tree's order
-    EXPECT_EQ(rest, Selection {plan});
-    EXPECT_EQ(view.CalculateSelection(Selection()).first, notes);
-
-    view.SetSelection(Selection {project});
-    EXPECT_EQ(Chosen(), "Project");
-    EXPECT_EQ(SelectedNames(), "Project");
-
-    // A top-level leaf has no node in the folder tree: it cannot be the chosen folder.
-    forest.Push(Build(Node("Readme")));
-    view.Refresh();
-    auto [leafFolder, leafSelection] = view.CalculateSelection(Selection {forest.GetLast().Get()});
-    EXPECT_EQ(leafFolder, notes);
-    EXPECT_TRUE(leafSelection.IsEmpty());
-}
-
-TEST_F(TreeAndListViewTest, SettingTheShownSelectionAgainSendsNothing)
-{
-    Show(Selection {Find(forest, "Plan"), Find(forest, "Section")});
-    view.SetSelection(Selection {Find(forest, "Plan"), Find(forest, "Section")});
-    EXPECT_TRUE(recorder.reported.empty());
-    view.SetSelection(Selection {Find(forest, "Plan")});
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Plan"}));
-}
-
-TEST_F(TreeAndListViewTest, ARefreshAfterTheChosenFolderWentAwayChoosesTheFirstTopLevelFolder)
-{
-    Show(Selection {Find(forest, "Detail")});
+    struct Case {
+        std::vector<std::string> selection;
+        std::string folder, shown;
+    };
+    const std::vector<Case> cases {
+        {{"Peppers"}, "Vegetables", "Peppers"},
+        {{"Peppers", "Muffins"}, "Vegetables", "Peppers Muffins"},
+        {{"Recipes"}, "Nibbles", ""},
+        {{"Recipes", "Peppers"}, "Nibbles", "Peppers"},
+        {{}, "Nibbles", ""},
+    };
+    for (const Case& c : cases) {
+        const auto [folder, shown] = view.CalculateSelection(Items(c.selection));
+        EXPECT_EQ(AsNamed(*folder).GetName(), c.folder) << testing::PrintToString(c.selection);
+        EXPECT_EQ(Names(shown.GetItems()), c.shown) << testing::PrintToString(c.selection);
+    }
+    view.SetSelection(Items({"Recipes"}));
+    EXPECT_EQ(Chosen(), "Nibbles");
+    EXPECT_EQ(Selected(), "Nibbles");
+    // Setting the shown selection again sends nothing.
+    view.SetSelection(Items({"Peppers", "Spinach"}));
     recorder.reported.clear();
-
-    // A new forest without "Section"; the chosen folder is looked up by id, as the data view does.
-    NK::Array<NK::Owner<ModelItem>> next =
-        BuildForest({Node("Project", {Node("Views", {Node("Plan")}), Node("Sheets")}), Node("Notes", {Node("Minutes")})});
-    view.SetTreeSelection(WZ::Folderable::FindModelItemById(next, view.GetTreeSelection()->GetId()));
-    forest = std::move(next);
-    view.Refresh();
-
-    EXPECT_EQ(Chosen(), "Notes");
-    EXPECT_EQ(Rows(resource.list), "Minutes");
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Notes");
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"Notes"}));
+    view.SetSelection(Items({"Peppers", "Spinach"}));
+    EXPECT_TRUE(recorder.reported.empty());
 }
 
-TEST_F(TreeAndListViewTest, ARefreshKeepsAChosenFolderThatIsStillThere)
+TEST_F(TreeAndListViewTest, ARebuildKeepsTheTreesFolderThenTheRememberedOneThenTheFirst)
 {
-    Show(Selection {Find(forest, "Plan")});
+    Show(Items({"Peppers"}));
     recorder.reported.clear();
     resource.listBox.ResetJournal();
-
-    NK::Array<NK::Owner<ModelItem>> next = BuildForest(SampleForest());
-    view.SetTreeSelection(WZ::Folderable::FindModelItemById(next, view.GetTreeSelection()->GetId()));
-    forest = std::move(next);
-    view.Refresh();
-
-    EXPECT_EQ(Chosen(), "Views");
-    EXPECT_EQ(SelectedNames(), "Plan");
+    Replace(SampleForest());  // the same folders by id
+    EXPECT_EQ(Chosen(), "Vegetables");
+    EXPECT_EQ(Selected(), "Peppers");
     EXPECT_EQ(resource.listBox.GetJournal().GetCount(QM::Op::InsertItem), 0u);
     EXPECT_TRUE(recorder.reported.empty());
+
+    // The node the tree shows selected wins over a folder named for the rebuild.
+    view.SetTreeSelection(Find(forest, "Nibbles"));
+    view.Refresh();
+    EXPECT_EQ(Chosen(), "Vegetables");
+
+    // Gone from the forest (the tree's node with it): the remembered folder, else the first.
+    ClickFolder("Spinach");
+    view.SetTreeSelection(Find(forest, "Recipes"));
+    Replace({FDVTest::Node("Recipes", {FDVTest::Node("Vegetables", {FDVTest::Node("Peppers")}), FDVTest::Node("Stews")}),
+             FDVTest::Node("Nibbles", {FDVTest::Node("Muffins")})});
+    EXPECT_EQ(Chosen(), "Recipes");
+    recorder.reported.clear();
+    Replace({FDVTest::Node("Nibbles", {FDVTest::Node("Muffins")})});
+    EXPECT_EQ(Chosen(), "Nibbles");
+    EXPECT_EQ(Rows(resource.list), "Muffins");
+    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Nibbles");
+    EXPECT_EQ(recorder.reported, Events {"Nibbles"});
 }
 
 TEST_F(TreeAndListViewTest, ASearchListsMatchesOfTheWholeForestAndItsEndRestoresFolderAndSelection)
 {
-    Show(Selection {Find(forest, "Plan")});
+    Show(Items({"Peppers"}));
     recorder.reported.clear();
-
     resource.searchField.SimulateUserType("s");
-    EXPECT_EQ(Rows(resource.list), "Minutes Section Sheets");
+    EXPECT_EQ(Rows(resource.list), "Muffins Spinach Stews");
     EXPECT_TRUE(view.GetSelection().IsEmpty());  // no folder stands in for the selection while searching
     resource.searchField.SimulateUserClear();
+    EXPECT_EQ(Chosen(), "Vegetables");
+    EXPECT_EQ(Rows(resource.list), "Peppers Spinach");
+    EXPECT_EQ(Selected(), "Peppers");
+    EXPECT_EQ(recorder.reported, (Events {"", "Peppers"}));
 
-    EXPECT_EQ(Chosen(), "Views");
-    EXPECT_EQ(Rows(resource.list), "Plan Section");
-    EXPECT_EQ(SelectedNames(), "Plan");
-    EXPECT_EQ(recorder.reported, (std::vector<std::string> {"", "Plan"}));
-}
-
-TEST_F(TreeAndListViewTest, AnItemPickedDuringASearchIsShownInItsFolderAfterIt)
-{
-    Show(Selection {Find(forest, "Plan")});
-    resource.searchField.SimulateUserType("minutes");
-    resource.listBox.SimulateUserClickRow(RowOf(resource.list, "Minutes"));
+    // An item picked during a search is shown in its own folder afterwards.
+    resource.searchField.SimulateUserType("muffins");
+    resource.listBox.SimulateUserClickRow(RowOf(resource.list, "Muffins"));
     resource.searchField.SimulateUserClear();
-
-    EXPECT_EQ(Chosen(), "Notes");
-    EXPECT_EQ(SelectedNames(), "Minutes");
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Notes");
+    EXPECT_EQ(Chosen(), "Nibbles");
+    EXPECT_EQ(Selected(), "Muffins");
 }
 
-TEST_F(TreeAndListViewTest, OpenFoldersAreKeptWhileAnotherViewIsShown)
+TEST_F(TreeAndListViewTest, OpenFoldersAreKeptWhileAnotherViewIsShownAndTheFirstLevelOpensOnce)
 {
     Show();
-    EXPECT_TRUE(resource.treeView.IsItemExpanded(resource.tree.GetNode(IdOf("Project"))));
-    resource.treeView.SimulateUserCollapse(resource.tree.GetNode(IdOf("Project")));
-    resource.treeView.SimulateUserExpand(resource.tree.GetNode(IdOf("Notes")));
+    EXPECT_TRUE(resource.treeView.IsItemExpanded(Node("Recipes")));
+    resource.treeView.SimulateUserCollapse(Node("Recipes"));
+    resource.treeView.CollapseItem(Node("Nibbles"));  // nothing open at all
     view.WillDisappear();
-
-    resource.treeView.ExpandItem(resource.tree.GetNode(IdOf("Project")));
+    resource.treeView.ExpandItem(Node("Recipes"));  // another view's doing
+    view.GetInMemoryViewState()->InitStateIfNeeded(forest);
     Show();
+    EXPECT_FALSE(resource.treeView.IsItemExpanded(Node("Recipes")));
 
-    EXPECT_FALSE(resource.treeView.IsItemExpanded(resource.tree.GetNode(IdOf("Project"))));
-    EXPECT_TRUE(resource.treeView.IsItemExpanded(resource.tree.GetNode(IdOf("Notes"))));
-    EXPECT_EQ(Chosen(), "Notes");
+    resource.treeView.SimulateUserExpand(Node("Vegetables"));
+    view.WillDisappear();
+    Show();
+    EXPECT_TRUE(resource.treeView.IsItemExpanded(Node("Vegetables")));
 }
 
 TEST_F(TreeAndListViewTest, AHiddenViewHearsNothingFromItsControls)
 {
     Show();
     view.WillDisappear();
-    ClickFolder("Project");
+    ClickFolder("Recipes");
     resource.upButton.Enable();
     resource.upButton.SimulateUserClick();
     resource.searchField.SimulateUserType("s");
-
     EXPECT_TRUE(recorder.reported.empty());
-    EXPECT_EQ(Chosen(), "Notes");
+    EXPECT_EQ(Chosen(), "Nibbles");
 }
 
-TEST_F(TreeAndListViewTest, WithoutAPopUpFactoryTheDefaultOneIsReportedAndNamesEntriesLikeTheTree)
+TEST_F(TreeAndListViewTest, MissingPartsAreReported)
 {
-    view.SetPopUpItemFactory(nullptr);
-    NK::AssertCapture capture;
-    Show(Selection {Find(forest, "Plan")});
-    EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"popUpItemFactory != nullptr"}));
-    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Project > Views");
-}
-
-TEST_F(TreeAndListViewTest, AnEmptyForestIsReportedAndChoosesNothing)
-{
+    // An empty forest chooses nothing.
     forest.Clear();
     NK::AssertCapture capture;
     Show();
@@ -295,6 +247,15 @@ TEST_F(TreeAndListViewTest, AnEmptyForestIsReportedAndChoosesNothing)
                                                                    "treeSelection != nullptr"}));
     EXPECT_FALSE(resource.upButton.IsEnabled());
     EXPECT_EQ(Rows(resource.list), "");
+
+    // Without a pop-up factory the default one names entries like the tree.
+    view.WillDisappear();
+    forest = BuildForest(SampleForest());
+    view.SetPopUpItemFactory(nullptr);
+    capture.Clear();
+    Show(Items({"Peppers"}));
+    EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"popUpItemFactory != nullptr"}));
+    EXPECT_EQ(PopUpEntries(resource.popUpControl), "Recipes > Vegetables");
 }
 
 }  // namespace

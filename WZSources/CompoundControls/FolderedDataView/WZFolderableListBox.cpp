@@ -5,6 +5,7 @@
 #include "NK/NKSearch.hpp"
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableModelItem.hpp"
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableSort.hpp"
+#include "WZSources/ImprovedControls/WZImprovedHorizontalSplitter.hpp"
 #include "WZSources/WZLoggedAssert.hpp"
 
 #include <algorithm>
@@ -134,6 +135,11 @@ void UntypedListBox::Hide()
 bool UntypedListBox::IsVisible() const
 {
     return GetListBox().IsVisible();
+}
+
+void UntypedListBox::AddToImprovedSplitter(ImprovedHorizontalSplitter& splitter)
+{
+    splitter.AddItem(GetListBox());
 }
 
 UntypedListBox::SelectionKeeper UntypedListBox::SetItems(NK::Array<const ListBoxItem*>&& rows,

@@ -32,6 +32,10 @@
 
 #include <functional>
 
+namespace WZ {
+class ImprovedHorizontalSplitter;
+}
+
 namespace WZ::Folderable {
 
 class ModelItem;
@@ -111,6 +115,9 @@ public:
     void Show();
     void Hide();
     bool IsVisible() const;
+    // Hands the list box to the splitter, in the pane on its side of the bar, so that it follows
+    // the bar when the user moves it.
+    void AddToImprovedSplitter(ImprovedHorizontalSplitter& splitter);
 
     // Shows the rows in this order and takes them over; `models` are the items the rows were
     // made from (a model item without a row is not remembered). The keeper restores the

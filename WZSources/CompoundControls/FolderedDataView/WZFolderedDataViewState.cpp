@@ -41,11 +41,6 @@ NK::ErrCode FolderedDataView::State::Read(NK::IChannel& channel)
     NK::UInt16 count = 0;
     if (NK::ErrCode error = channel.Read(count); error != NK::NoError)
         return error;
-    // A state without view states has only the mode to go by; any other state must know it.
-    const ViewMode readMode = static_cast<ViewMode>(mode);
-    if (!viewStates.IsEmpty() && !viewStates.ContainsKey(readMode))
-        return NK::ErrMissingElement;
-
     NK::Array<Views::View::ViewState*> targets;
     for (NK::UInt16 i = 0; i < count; ++i) {
         NK::UInt16 stateMode = 0;
@@ -59,7 +54,9 @@ NK::ErrCode FolderedDataView::State::Read(NK::IChannel& channel)
     for (Views::View::ViewState* target : targets)
         if (NK::ErrCode error = target->Read(channel); error != NK::NoError)
             return error;
-    viewMode = readMode;
+    // The current mode needs no view state of its own: a data view may be in a mode under which
+    // no view is registered, and what it wrote must read back.
+    viewMode = static_cast<ViewMode>(mode);
     return channel.GetStatus();
 }
 

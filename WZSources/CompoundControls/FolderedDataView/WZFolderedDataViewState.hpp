@@ -8,12 +8,13 @@
 //   n view modes                  UInt16 each, in the order of the state's table
 //   n view states                 each view state's own Write, in the same order
 // Write returns the channel's error at once when the mode cannot be written and the first
-// failing item's error later. Read reads the same layout into this state: every mode read must
-// name a view state that this state already holds (it lets that one Read); a mode it does not
-// hold, like a current mode that is neither held nor the only possibility, ends the read with
-// -7003. A state is therefore made by the data view's CreateDefaultState, after all views are
-// registered, before it is read. A failed Read may leave view states half-read; the data view's
-// ReadState reads into a fresh copy for that reason.
+// failing item's error later. Read reads the same layout into this state: every one of the n
+// modes must name a view state that this state already holds (it lets that one Read); a mode it
+// does not hold ends the read with -7003. The current mode is taken as it is, with or without a
+// view state under it, so whatever Write wrote reads back and is written again byte for byte. A
+// state is therefore made by the data view's CreateDefaultState, after all views are registered,
+// before it is read. A failed Read may leave view states half-read (the mode is set only on
+// success); the data view's ReadState reads into a fresh copy for that reason.
 #pragma once
 
 #include "NK/NKChannel.hpp"

@@ -103,6 +103,9 @@ HierarchicalView::InMemoryViewState::~InMemoryViewState() = default;
 
 void HierarchicalView::InMemoryViewState::InitStateIfNeeded(const NK::Array<NK::Owner<ModelItem>>& items)
 {
+    if (initialised || items.IsEmpty())
+        return;
+    initialised = true;
     if (!expandedIds.IsEmpty())
         return;
     for (const NK::Owner<ModelItem>& item : items)
@@ -285,16 +288,24 @@ HierarchicalTableView::UpdateResult HierarchicalView::RefreshHierarchicalTableVi
     return table->SetItems(ToRows(std::move(forest)));
 }
 
-void HierarchicalView::Refresh()
+template <typename Change>
+void HierarchicalView::ChangeReportingOnce(Change&& change)
 {
     const Selection before = GetSelection();
     DisableSelectionHandling();
-    const HierarchicalTableView::UpdateResult result = RefreshHierarchicalTableView();
-    RestoreExpansion(result);
-    RestoreSelection(result);
+    change();
     EnableSelectionHandling();
     if (GetSelection() != before)
         SendSelectionChangedEvent();
+}
+
+void HierarchicalView::Refresh()
+{
+    ChangeReportingOnce([this] {
+        const HierarchicalTableView::UpdateResult result = RefreshHierarchicalTableView();
+        RestoreExpansion(result);
+        RestoreSelection(result);
+    });
 }
 
 void HierarchicalView::ForgetItems()
@@ -325,16 +336,24 @@ void HierarchicalView::SearchTextChanged(const QM::SearchEditChangeEvent& event)
 {
     if (searchFilter != nullptr)
         searchFilter->SetSearchText(event.GetText());
-    RefreshHierarchicalTableView();
-    // Every match is shown with the path to it opened; what was open is kept for the search's end.
-    if (HierarchicalTableView* table = GetTable())
-        table->ExpandAllNodes();
+    ChangeReportingOnce([this] {
+        RefreshHierarchicalTableView();
+        // Every match is shown with the path to it opened; what was open is kept for the end.
+        if (HierarchicalTableView* table = GetTable())
+            table->ExpandAllNodes();
+    });
 }
 
 void HierarchicalView::SearchEnded(const QM::SearchEditChangeEvent&)
 {
     if (searchFilter != nullptr)
         searchFilter->SetSearchText(NK::UniString());
+    // The rebuild clears the selection before the kept one comes back: one event at most.
+    ChangeReportingOnce([this] { EndSearch(); });
+}
+
+void HierarchicalView::EndSearch()
+{
     const HierarchicalTableView::UpdateResult result = RefreshHierarchicalTableView();
     HierarchicalTableView* table = GetTable();
     if (table == nullptr)

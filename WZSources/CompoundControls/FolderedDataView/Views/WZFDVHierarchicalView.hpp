@@ -11,9 +11,10 @@
 //   end is the row picked during the search, or, when none was, the selection from before it.
 //   Each change of the search text rebuilds the rows and leaves nothing selected. A view shown
 //   in the middle of a search opens every match; ending that search (nothing was kept) opens the
-//   first level only.
+//   first level only. Every search step sends one selection event at most, and none when the
+//   selection ends where it started.
 // - While another view is shown the open folders are kept in the in-memory state (the first time
-//   the view is seen, the first level opens) and come back when the view appears again.
+//   the view is seen with items, the first level opens) and come back when the view appears again.
 // - The view state is the layout's state followed by the table's column layout.
 // - Without an item factory a rebuild is reported ("itemFactory != nullptr") and empties the
 //   table, so that no row is left pointing into a forest that goes away.
@@ -51,7 +52,8 @@ public:
         InMemoryViewState();
         ~InMemoryViewState() override;
 
-        // A state seen for the first time (no open ids) opens the top-level items.
+        // The first time there are items (and no open ids were kept yet), the top-level items
+        // are opened. Made once: folders the user closed later stay closed, even all of them.
         void InitStateIfNeeded(const NK::Array<NK::Owner<ModelItem>>& items) override;
 
         const HierarchicalTableView::GuidSet& GetExpandedIds() const noexcept { return expandedIds; }
@@ -59,6 +61,7 @@ public:
 
     private:
         HierarchicalTableView::GuidSet expandedIds;
+        bool initialised = false;
     };
 
     HierarchicalView(NK::Owner<Layout> layout, ViewResource& resource);
@@ -110,6 +113,12 @@ private:
     // restorers) when nothing could be built.
     HierarchicalTableView::UpdateResult RefreshHierarchicalTableView();
     void ApplyColumnLayoutIfChanged(const View::ViewState& state);
+    // Runs the change with the table's selection callbacks off, then sends one selection event
+    // when the selection differs from the one before.
+    template <typename Change>
+    void ChangeReportingOnce(Change&& change);
+    // Rebuilds without the search text and brings back the expansion and selection.
+    void EndSearch();
 
     NK::Owner<TreeItemFactory::SearchFilter> searchFilter;
     NK::Owner<TreeItemFactory::Filter> itemFilter;

@@ -339,14 +339,16 @@ ListBoxBaseView::ListRefreshResult FlatListView::RefreshListBox()
 
 void FlatListView::Refresh()
 {
-    const NK::Array<NK::Guid> before = GetSelectedIds();
+    // The kept ids decide, not the rows' order: rows that were only sorted anew are no change.
+    bool changed = false;
     {
         SelectionHandlingPause pause(*this);
         ListRefreshResult result = RefreshListBox();
         if (SelectionKeeper* keeper = result.GetSelectionKeeper())
-            RestoreSelection(*keeper);
+            changed = RestoreSelection(*keeper);
     }
-    SendSelectionChangedEventIfChanged(before);
+    if (changed)
+        SendSelectionChangedEvent();
 }
 
 void FlatListView::SetSelection(const Selection& selection)

@@ -88,12 +88,10 @@ void ListAndTreeFocus::ItemFocusGained(const QM::Item& item)
         LogAssertError(LogFile, __LINE__);
         return;
     }
-    if (&item == tree)
-        lastFocus = Status::Tree;
-    else if (&item == list)
-        lastFocus = Status::List;
-    else
+    if (&item != tree && &item != list)
         return;
+    previousFocus = lastFocus;
+    lastFocus = &item == tree ? Status::Tree : Status::List;
     NotifyFocusChanged();
 }
 
@@ -124,6 +122,9 @@ TreeAndListView::InMemoryViewState::~InMemoryViewState() = default;
 
 void TreeAndListView::InMemoryViewState::InitStateIfNeeded(const NK::Array<NK::Owner<ModelItem>>& items)
 {
+    if (initialised || items.IsEmpty())
+        return;
+    initialised = true;
     if (!expandedIds.IsEmpty())
         return;
     for (const NK::Owner<ModelItem>& item : items)
@@ -220,16 +221,19 @@ void TreeAndListView::RefreshTreeAndPopup()
         TreeDrawSuspender drawing(tree->GetControl());
         SmartTreeViewUpdater::UpdateResult result = tree->SetItems(treeItemFactory->CreateTree(ModelItem::ToPtrArray(*items)));
         result.RestoreExpandeds();
-        const auto restored = result.RestoreSelection();
-        // The chosen folder wins over whatever the tree had selected; without it (it is gone,
-        // or none was chosen yet) the tree's own selection stays only when it is the same node.
-        if (treeSelection != nullptr && tree->HasItem(treeSelection->GetId())) {
-            ShowFolderInTree(*treeSelection);
-        } else if (treeSelection != nullptr || restored != SmartTreeViewUpdater::UpdateResult::SelectionRestoreResult::SameItem) {
-            if (!NK_PRECOND_TEXT(items->GetSize() > 0, "currentItems->GetSize () > 0"))
-                LogAssertWarning(LogFile, __LINE__);
-            if (const ModelItem* first = GetFirstTopLevelItem())
-                ShowFolderInTree(*first);
+        // The node the tree had selected comes first; only when it is gone (the updater may
+        // then have selected an ancestor) does the remembered folder count, and without that
+        // the first top-level folder is chosen.
+        using RestoreResult = SmartTreeViewUpdater::UpdateResult::SelectionRestoreResult;
+        if (result.RestoreSelection() != RestoreResult::SameItem) {
+            if (treeSelection != nullptr && tree->HasItem(treeSelection->GetId())) {
+                ShowFolderInTree(*treeSelection);
+            } else {
+                if (!NK_PRECOND_TEXT(items->GetSize() > 0, "currentItems->GetSize () > 0"))
+                    LogAssertWarning(LogFile, __LINE__);
+                if (const ModelItem* first = GetFirstTopLevelItem())
+                    ShowFolderInTree(*first);
+            }
         }
         const NK::Array<const ModelItem*> selectedTreeItems = tree->GetSelectedModelItems();
         if (!NK_ASSERT_TEXT(selectedTreeItems.GetSize() == 1, "selectedTreeItems.GetSize () == 1")) {
@@ -340,10 +344,8 @@ TreeAndListView::FolderAndSelection TreeAndListView::CalculateSelection(const Se
     const ModelItem* first = selection.GetItems()[0];
     if (first->GetParent() != nullptr)
         return {first->GetParent(), selection};
-    // A top-level folder alone is shown as the chosen folder, which is then the selection itself.
-    const TreeView* tree = GetTree();
-    if (selection.GetSize() == 1 && tree != nullptr && tree->HasItem(first->GetId()))
-        return {first, Selection()};
+    // A top-level item has no folder that lists it: it is left out, whether it is selected
+    // alone or with others, and the first top-level folder is shown.
     NK::Array<const ModelItem*> rest = selection.GetItems();
     rest.Delete(0);
     return {GetFirstTopLevelItem(), Selection(std::move(rest))};
@@ -492,7 +494,12 @@ void TreeAndListView::ListAndTreeFocusChanged()
             list->GetListBox().DeselectItem(0);
         }
     }
-    SendSelectionChangedEventIfChanged(before);
+    // Focus moving between the two controls changes what the current control's selection is
+    // (the folder or the rows), so it is reported even when the rows stay selected.
+    if (focus.GetPreviousFocus() != focus.GetLastFocus())
+        SendSelectionChangedEvent();
+    else
+        SendSelectionChangedEventIfChanged(before);
 }
 
 void TreeAndListView::ListSelectionChanged(QM::Origin origin)

@@ -4,17 +4,18 @@
 // items the tree shows is its tree item factory's filter's business (typically the folders).
 //
 // What it promises:
-// - The chosen folder (treeSelection) survives rebuilds by id; when it is gone, the first
-//   top-level folder of the tree is chosen. The chosen folder is selected in the tree with the
+// - The chosen folder survives rebuilds by id: a rebuild keeps the node the tree had selected;
+//   when that is gone, the remembered folder (treeSelection) if the tree still shows it, else
+//   the first top-level folder of the tree is chosen. The chosen folder is selected in the tree with the
 //   path to it opened, the pop-up shows its path (top-level first) and the up button is enabled
 //   exactly when it has a parent.
 // - Its selection is the list's selected items or, outside a search and with no row selected,
 //   the chosen folder alone. Clicking into the tree after working in the list clears the list
-//   selection, so the folder is the selection again. Selection events are sent once per change.
+//   selection, so the folder is the selection again. Selection events are sent once per change;
+//   focus moving between the tree and the list is a change (of the current control's selection).
 // - A selection given to the view (SetSelection, switching views) chooses the parent folder of
-//   its first item and selects the items in the list. A single top-level item that the tree
-//   shows is chosen as the folder itself; otherwise a first item at the top level is dropped and
-//   the first top-level folder is chosen.
+//   its first item and selects the items in the list. A first item at the top level has no
+//   folder that lists it: it is dropped and the first top-level folder is chosen.
 // - A search lists every match of the whole forest; at its end the list shows the chosen
 //   folder's children again with the selection from before the search, or, when a row was picked
 //   during the search, the picked item in its own folder.
@@ -59,6 +60,8 @@ public:
     void SetControls(QM::Item* tree, QM::Item* list);
 
     Status GetLastFocus() const noexcept { return lastFocus; }
+    // The last focus before the focus gain that was reported last (what the delegate compares).
+    Status GetPreviousFocus() const noexcept { return previousFocus; }
     // Records without telling the delegate.
     void SetLastFocus(Status status) noexcept { lastFocus = status; }
 
@@ -79,6 +82,7 @@ private:
     QM::Item* tree = nullptr;
     QM::Item* list = nullptr;
     Status lastFocus = Status::Tree;
+    Status previousFocus = Status::Tree;
     bool enabled = false;
     ListAndTreeFocusDelegate* delegate = nullptr;
 };
@@ -107,7 +111,8 @@ public:
     class InMemoryViewState : public View::InMemoryViewState {
     public:
         ~InMemoryViewState() override;
-        // A state seen for the first time (no open ids) opens the top-level items.
+        // The first time there are items (and no open ids were kept yet), the top-level items
+        // are opened. Made once: folders the user closed later stay closed, even all of them.
         void InitStateIfNeeded(const NK::Array<NK::Owner<ModelItem>>& items) override;
 
         const NK::HashSet<NK::Guid>& GetExpandedIds() const noexcept { return expandedIds; }
@@ -115,6 +120,7 @@ public:
 
     private:
         NK::HashSet<NK::Guid> expandedIds;
+        bool initialised = false;
     };
 
     // The folder to choose and the items to select in its list.
@@ -125,7 +131,8 @@ public:
     ~TreeAndListView() override;
 
     const ModelItem* GetTreeSelection() const noexcept { return treeSelection; }
-    // Chooses the folder for the next rebuild (null: the first top-level folder).
+    // The folder a rebuild chooses when the node the tree had selected is gone (null: the first
+    // top-level folder).
     void SetTreeSelection(const ModelItem* folder) noexcept { treeSelection = folder; }
 
     void SetTreeItemFactory(NK::Owner<TreeItemFactory> factory);

@@ -115,8 +115,15 @@ bool View::IsSearchMode() const
 
 void View::LeaveSearchMode()
 {
-    if (QM::SearchEdit* searchField = resource.GetSearchField())
-        searchField->Clear();
+    QM::SearchEdit* searchField = resource.GetSearchField();
+    if (searchField == nullptr || searchField->GetText().IsEmpty())
+        return;
+    // The field is written silently; the view shown on it ends the search as if a user had
+    // cleared it, so that the rows come back at once. A view that is not shown reads the field
+    // when it appears.
+    searchField->Clear();
+    if (searchField == observedSearchField)
+        SearchEnded(QM::SearchEditChangeEvent {*searchField, NK::UniString(), QM::Origin::Program});
 }
 
 void View::ApplyLayoutState(const Layout::LayoutState& layoutState)

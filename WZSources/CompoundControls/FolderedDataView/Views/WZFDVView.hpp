@@ -115,7 +115,8 @@ public:
     NK::Optional<NK::UniString> GetSearchText() const;
     // True when the search field holds a text.
     bool IsSearchMode() const;
-    // Clears the search field, if there is one (silently: the view refreshes itself).
+    // Clears the search field, if there is one, and when the view is shown ends its search as a
+    // user's clearing would (the rows and selection from before the search come back).
     void LeaveSearchMode();
     // Hands the state to the layout (nothing without a layout).
     void ApplyLayoutState(const Layout::LayoutState& layoutState);
