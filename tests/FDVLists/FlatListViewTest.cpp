@@ -113,18 +113,12 @@ TEST_F(FlatListViewTest, ARowPickedDuringASearchStaysSelectedAfterIt)
     EXPECT_EQ(recorder.reported.back(), "Sheets");
 }
 
-TEST_F(FlatListViewTest, WithoutASearchFilterASearchShowsEveryRow)
+TEST_F(FlatListViewTest, WithoutASearchFilterASearchShowsEveryRowAndANewFilterTakesTheFieldsText)
 {
     view.SetListItemSearchFilter(nullptr);
     Show();
-    resource.searchField.SimulateUserType("zzz");
-    EXPECT_EQ(Rows(List()), "Detail Minutes Notes Plan Project Section Sheets Views");
-}
-
-TEST_F(FlatListViewTest, ANewSearchFilterTakesTheFieldsText)
-{
-    Show();
     resource.searchField.SimulateUserType("minutes");
+    EXPECT_EQ(Rows(List()), "Detail Minutes Notes Plan Project Section Sheets Views");
     auto filter = NK::NewOwned<TextSearchFilter>();
     const TextSearchFilter* raw = filter.Get();
     view.SetListItemSearchFilter(std::move(filter));
