@@ -32,13 +32,13 @@ const char* const Kinds[] = {"Invoice", "Letter", "Receipt", "Contract", "Report
 
 class ArchiveItem : public ModelItem {
 public:
-    ArchiveItem(NK::UInt64 number, std::string name) : id(NK::Guid::FromNumber(0xFDC, number)), name(std::move(name)) {}
+    ArchiveItem(NK::UInt64 number, const std::string& name) : id(NK::Guid::FromNumber(0xFDC, number)), name(name) {}
     NK::Guid GetId() const override { return id; }
-    const std::string& GetName() const { return name; }
+    const NK::UniString& GetName() const { return name; }
 
 private:
     NK::Guid id;
-    std::string name;
+    NK::UniString name;  // kept as the rows show it, as a client of the toolkit would
 };
 
 const ArchiveItem& AsArchived(const ModelItem& item)
@@ -77,7 +77,7 @@ class NameSearch : public ListItemFactory::SearchFilter {
 public:
     NK::Array<NK::UniString> GetSearchTexts(const ModelItem& item) const override
     {
-        return {NK::UniString(AsArchived(item).GetName())};
+        return {AsArchived(item).GetName()};
     }
 };
 
@@ -93,7 +93,7 @@ public:
     FolderFactory() { SetItemFilter(NK::Owner<Filter>(NK::NewOwned<Folders>())); }
     NK::Owner<TreeItem> CreateItem(const ModelItem& item) override
     {
-        return NK::NewOwned<TreeItem>(item, NK::UniString(AsArchived(item).GetName()), NK::Optional<QM::Icon>(),
+        return NK::NewOwned<TreeItem>(item, AsArchived(item).GetName(), NK::Optional<QM::Icon>(),
                                       QM::Font::Plain, NK::Optional<QM::Color>(), NK::Optional<QM::Color>(),
                                       NK::Optional<NK::UniString>());
     }

@@ -79,14 +79,6 @@ protected:
     WZ::SmartListBoxUpdater updater {&listBox, &decorator, nullptr};
 };
 
-TEST_F(SmartListBoxUpdaterTest, EmptyOnEmptyChangesNothing)
-{
-    auto keeper = updater.SetItems({});
-    EXPECT_EQ(listBox.GetJournal().GetTotal(), 0u);
-    EXPECT_EQ(keeper.RestoreByItemIds(), Restored::Nothing);
-    EXPECT_EQ(Count(QM::Op::Deselect), 1u);  // the selection is cleared in every case
-}
-
 TEST_F(SmartListBoxUpdaterTest, FirstFillInsertsDecoratesAndMapsEveryRow)
 {
     updater.SetItems(List({Item(1, "a"), Separator(2), Item(3, "c")}));
@@ -143,6 +135,11 @@ TEST_F(SmartListBoxUpdaterTest, SeparatorKindSwitchReplacesTheRow)
 
 TEST_F(SmartListBoxUpdaterTest, SelectionIsRestoredById)
 {
+    auto empty = updater.SetItems({});
+    EXPECT_EQ(listBox.GetJournal().GetTotal(), 0u) << "nothing on nothing changes nothing";
+    EXPECT_EQ(empty.RestoreByItemIds(), Restored::Nothing);
+    EXPECT_EQ(Count(QM::Op::Deselect), 1u);  // the selection is cleared in every case
+
     updater.SetItems(List({Item(1, "a"), Item(2, "b"), Item(3, "c")}));
     listBox.SelectItems({1, 3});
     auto keeper = updater.SetItems(List({Item(4, "new"), Item(1, "a"), Item(2, "b")}));
@@ -165,7 +162,7 @@ TEST_F(SmartListBoxUpdaterTest, SelectionIsRestoredById)
     EXPECT_TRUE(listBox.GetSelectedItems().IsEmpty());
 }
 
-TEST_F(SmartListBoxUpdaterTest, UpdateItemRedecoratesOneRow)
+TEST_F(SmartListBoxUpdaterTest, UpdateItemRedecoratesOneRowAndRowsWithoutRecordsThrow)
 {
     updater.SetItems(List({Item(1, "a"), Item(2, "b")}));
     listBox.SetTabItemText(2, 1, "scribbled");
@@ -173,14 +170,10 @@ TEST_F(SmartListBoxUpdaterTest, UpdateItemRedecoratesOneRow)
     updater.UpdateItem(Id(2));
     EXPECT_EQ(Shown(), (std::vector<std::string> {"a", "b"}));
     EXPECT_EQ(decorator.total, 1);
-}
 
-TEST_F(SmartListBoxUpdaterTest, RowsWithoutRecordsThrowNullReference)
-{
-    updater.SetItems(List({Item(1, "a")}));
     listBox.InsertItem(QM::ListBox::LastPosition);  // somebody else's row
     try {
-        updater.GetItem(short {2});
+        updater.GetItem(short {3});
         FAIL() << "no exception";
     } catch (const NK::NullReferenceException& e) {
         EXPECT_STREQ(e.what(), "Null reference.");
