@@ -12,56 +12,56 @@
 
 namespace {
 
-struct ViewRecord : NK::Object {
-    ViewRecord(NK::Guid id, NK::UniString name) : id(id), name(std::move(name)) {}
+struct AlbumRecord : NK::Object {
+    AlbumRecord(NK::Guid id, NK::UniString name) : id(id), name(std::move(name)) {}
     NK::Guid id;
     NK::UniString name;
 };
 
-struct ViewRow {
+struct AlbumRow {
     const char* name;
-    const char* type;
+    const char* genre;
     const char* modified;
 };
 
-void FillRecentViews(QM::ListBox& list)
+void FillRecentAlbums(QM::ListBox& list)
 {
-    const ViewRow rows[] = {{"Ground Floor Plan", "Floor plan", "today 09:12"},
-                            {"Section A-A", "Section", "today 08:47"},
-                            {"North Elevation", "Elevation", "yesterday"},
-                            {"Door Schedule", "Schedule", "Monday"}};
+    const AlbumRow rows[] = {{"Kind of Blue", "Jazz", "today 09:12"},
+                            {"Blue Train", "Jazz", "today 08:47"},
+                            {"The Four Seasons", "Classical", "yesterday"},
+                            {"Rumours", "Rock", "Monday"}};
     list.SetTabFieldCount(3);
     NK::UInt64 number = 1;
-    for (const ViewRow& row : rows) {
+    for (const AlbumRow& row : rows) {
         short r = list.InsertItem(QM::ListBox::LastPosition);
         list.SetTabItemText(r, 1, row.name);
-        list.SetTabItemText(r, 2, row.type);
+        list.SetTabItemText(r, 2, row.genre);
         list.SetTabItemText(r, 3, row.modified);
-        WZ::AttachRecord<ViewRecord>(list, r, NK::Guid::FromNumber(0xA11, number++), row.name);
+        WZ::AttachRecord<AlbumRecord>(list, r, NK::Guid::FromNumber(0xA11, number++), row.name);
         if (r == 2)
             list.InsertSeparator(QM::ListBox::LastPosition);
     }
 }
 
-void FillProjectTree(QM::TreeView& tree)
+void FillLibraryTree(QM::TreeView& tree)
 {
     struct Folder {
         const char* name;
         std::vector<const char*> children;
     };
-    const Folder folders[] = {{"Stories", {"Ground Floor", "First Floor", "Roof"}},
-                              {"Sections", {"Section A-A", "Section B-B"}},
-                              {"Schedules", {"Door Schedule", "Window Schedule"}}};
+    const Folder folders[] = {{"Jazz", {"Kind of Blue", "Blue Train", "Time Out"}},
+                              {"Classical", {"The Four Seasons", "Goldberg Variations"}},
+                              {"Rock", {"Rumours", "Abbey Road"}}};
     NK::UInt64 number = 1;
     for (const Folder& folder : folders) {
         int node = tree.AppendItem(0);
         tree.SetItemText(node, folder.name);
         tree.SetItemNormalIcon(node, WZ::GetResourceIcon(WZ::IconIds::ClosedFolder));
-        WZ::AttachRecord<ViewRecord>(tree, node, NK::Guid::FromNumber(0xF0, number++), folder.name);
+        WZ::AttachRecord<AlbumRecord>(tree, node, NK::Guid::FromNumber(0xF0, number++), folder.name);
         for (const char* child : folder.children) {
             int leaf = tree.AppendItem(node);
             tree.SetItemText(leaf, child);
-            WZ::AttachRecord<ViewRecord>(tree, leaf, NK::Guid::FromNumber(0xF1, number++), child);
+            WZ::AttachRecord<AlbumRecord>(tree, leaf, NK::Guid::FromNumber(0xF1, number++), child);
         }
     }
 }
@@ -70,34 +70,35 @@ void FillProjectTree(QM::TreeView& tree)
 
 WZ_GALLERY_SCENE("frame", "a dialog's list box and tree view filled through the library frame")
 {
-    QM::Dialog dialog("Open Project View", 480, 320);
+    QM::Dialog dialog("Open Album", 480, 320);
     QM::ListBox recent(dialog, QM::Rect(10, 10, 470, 120));
-    QM::TreeView project(dialog, QM::Rect(10, 130, 470, 310));
+    QM::TreeView library(dialog, QM::Rect(10, 130, 470, 310));
     recent.SetText(WZ::GetResourceCommonString(WZ::CommonStringIds::Name));
-    project.SetText(WZ::GetResourceCommonString(WZ::CommonStringIds::AllItems));
+    library.SetText(WZ::GetResourceCommonString(WZ::CommonStringIds::AllItems));
 
-    Gallery::Step(out, "filled: recent views with attached records, the project's folders");
-    FillRecentViews(recent);
-    FillProjectTree(project);
-    project.ExpandItem(project.GetItem(0, QM::TreeView::FirstChild));
+    Gallery::Step(out, "filled: recent albums with attached records, the library's genres");
+    FillRecentAlbums(recent);
+    FillLibraryTree(library);
+    library.ExpandItem(library.GetItem(0, QM::TreeView::FirstChild));
     recent.SelectItem(1);
     out << QM::TextRenderer::Join(QM::TextRenderer::RenderPanel(dialog));
 
     Gallery::Step(out, "records read back by position");
-    for (short row = 1; row <= recent.GetItemCount(); ++row) {
+    for (int index = 1; index <= recent.GetItemCount(); ++index) {
+        const auto row = static_cast<short>(index);
         if (recent.IsSeparator(row))
             continue;
-        auto record = WZ::GetAttachedRecord<ViewRecord>(recent, row);
+        auto record = WZ::GetAttachedRecord<AlbumRecord>(recent, row);
         out << "row " << row << ": " << record->name << " " << record->id.ToString() << "\n";
     }
     try {
-        WZ::GetAttachedRecord<ViewRecord>(recent, short(3));
+        WZ::GetAttachedRecord<AlbumRecord>(recent, short(3));
     } catch (const NK::NullReferenceException& e) {
         out << "row 3 (separator): " << e.GetMessage() << "\n";
     }
 
     Gallery::Step(out, "operation journals");
     out << "list box: " << recent.GetJournal().ToString() << "\n";
-    out << "tree view: " << project.GetJournal().ToString() << "\n";
+    out << "tree view: " << library.GetJournal().ToString() << "\n";
     out << "\"" << WZ::GetResourceCommonFixString(WZ::CommonFixStringIds::Or) << "\" joins search alternatives\n";
 }
