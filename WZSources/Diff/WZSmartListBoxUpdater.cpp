@@ -179,15 +179,13 @@ SmartListBoxUpdater::SelectionKeeper SmartListBoxUpdater::SetItems(NK::Array<con
 
     for (NK::UInt64 index : result.inserted) {
         const short row = RowOf(index);
-        InsertNewEmptyRow(row, *newItems[index]);
-        FillRowContent(row, *newItems[index]);
+        WriteRow(row, *newItems[index], RowKind::New);
         written[index] = true;
     }
 
     for (const Diff::Move& move : result.moved) {
         const short row = RowOf(move.to);
-        UpdateExistingRowType(row, *newItems[move.to]);
-        FillRowContent(row, *newItems[move.to]);
+        WriteRow(row, *newItems[move.to], RowKind::Existing);
         written[move.to] = true;
     }
 
@@ -198,8 +196,7 @@ SmartListBoxUpdater::SelectionKeeper SmartListBoxUpdater::SetItems(NK::Array<con
             continue;
         const auto newIndex = static_cast<NK::UIndex>(index);
         const short row = RowOf(newIndex);
-        UpdateExistingRowType(row, *newItems[newIndex]);
-        FillRowContent(row, *newItems[newIndex]);
+        WriteRow(row, *newItems[newIndex], RowKind::Existing);
         written[newIndex] = true;
     }
 
@@ -288,27 +285,23 @@ void SmartListBoxUpdater::UpdateItem(const NK::Guid& id) const
         decorator->DecorateRow(*listBox, row, *item);
 }
 
-void SmartListBoxUpdater::FillRowContent(short row, const Diffable& item)
+void SmartListBoxUpdater::WriteRow(short row, const Diffable& item, RowKind kind)
 {
-    if (decorator != nullptr && !IsSeparatorItem(item))
+    const bool separator = IsSeparatorItem(item);
+    bool insert = kind == RowKind::New;
+    if (!insert && listBox->IsSeparator(row) != separator) {
+        listBox->DeleteItem(row);
+        insert = true;
+    }
+    if (insert) {
+        if (separator)
+            listBox->InsertSeparator(row);
+        else
+            listBox->InsertItem(row);
+    }
+    if (decorator != nullptr && !separator)
         decorator->DecorateRow(*listBox, row, item);
     listBox->SetItemObjectData(row, Diff::MakeItemData(item.GetId(), &item));
-}
-
-void SmartListBoxUpdater::InsertNewEmptyRow(short row, const Diffable& item)
-{
-    if (IsSeparatorItem(item))
-        listBox->InsertSeparator(row);
-    else
-        listBox->InsertItem(row);
-}
-
-void SmartListBoxUpdater::UpdateExistingRowType(short row, const Diffable& item)
-{
-    if (listBox->IsSeparator(row) == IsSeparatorItem(item))
-        return;
-    listBox->DeleteItem(row);
-    InsertNewEmptyRow(row, item);
 }
 
 SmartListBoxUpdater::SelectionKeeper::SelectionKeeper(QM::ListBox* listBox, const SmartListBoxUpdater* updater)

@@ -104,9 +104,11 @@ private:
     NK::Array<const Diffable*> TakeUnshowable(NK::Array<const Diffable*>& newItems) const;
     // Deallocates the distinct items of `released` that are not in `kept`.
     void LetGo(NK::Array<const Diffable*> released, const NK::Array<const Diffable*>& kept);
-    void FillRowContent(short row, const Diffable& item);
-    void InsertNewEmptyRow(short row, const Diffable& item);
-    void UpdateExistingRowType(short row, const Diffable& item);
+    enum class RowKind { New, Existing };
+    // Writes the item into its row: a new row is inserted first, an existing one of the other
+    // kind (separator or not) is replaced; the item is decorated unless it is a separator, and
+    // the row gets a fresh record naming it.
+    void WriteRow(short row, const Diffable& item, RowKind kind);
 
     // Row r shows the id at index r - 1; an id shown in several rows maps back to the first.
     NK::Owner<Diff::IndexMap> rowMap;
