@@ -26,7 +26,8 @@ void TrimRight(std::string& line)
 
 void ListBox::RenderContent(NK::Array<std::string>& lines, const std::string& indent) const
 {
-    for (short row = 1; row <= GetItemCount(); ++row) {
+    for (int index = 1; index <= GetItemCount(); ++index) {
+        const auto row = static_cast<short>(index);
         const Row& r = GetRow(row);
         std::string line = indent + (r.selected ? "* " : "  ");
         if (r.separator) {

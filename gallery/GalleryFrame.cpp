@@ -20,7 +20,7 @@ struct DocumentRecord : NK::Object {
 
 struct DocumentRow {
     const char* name;
-    const char* type;
+    const char* genre;
     const char* modified;
 };
 
@@ -35,7 +35,7 @@ void FillRecentDocuments(QM::ListBox& list)
     for (const DocumentRow& row : rows) {
         short r = list.InsertItem(QM::ListBox::LastPosition);
         list.SetTabItemText(r, 1, row.name);
-        list.SetTabItemText(r, 2, row.type);
+        list.SetTabItemText(r, 2, row.genre);
         list.SetTabItemText(r, 3, row.modified);
         WZ::AttachRecord<DocumentRecord>(list, r, NK::Guid::FromNumber(0xA11, number++), row.name);
         if (r == 2)
@@ -84,7 +84,8 @@ WZ_GALLERY_SCENE("frame", "a dialog's list box and tree view filled through the 
     out << QM::TextRenderer::Join(QM::TextRenderer::RenderPanel(dialog));
 
     Gallery::Step(out, "records read back by position");
-    for (short row = 1; row <= recent.GetItemCount(); ++row) {
+    for (int index = 1; index <= recent.GetItemCount(); ++index) {
+        const auto row = static_cast<short>(index);
         if (recent.IsSeparator(row))
             continue;
         auto record = WZ::GetAttachedRecord<DocumentRecord>(recent, row);

@@ -1,3 +1,4 @@
+#define NK_SOURCE_PATH "WZSources\\Diff\\WZSmartListBoxUpdater"
 #include "WZSources/Diff/WZSmartListBoxUpdater.hpp"
 
 #include "NK/NKAssert.hpp"
@@ -5,6 +6,9 @@
 #include "WZSources/Diff/WZDiff.hpp"
 #include "WZSources/Diff/WZItemData.hpp"
 
+#include <algorithm>
+#include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace WZ {
@@ -16,36 +20,91 @@ short RowOf(NK::UInt64 index)
     return static_cast<short>(index + 1);
 }
 
-// The new index of each old index of `changed`. The k-th pair of an id is its k-th occurrence in
-// the new items, so an id met again continues after the occurrence used last time; the common
-// case of an id met once is its first occurrence.
+// The new index of each old index of `changed`, walked in ascending order. The k-th old
+// occurrence of an id pairs with its k-th new occurrence, so an id met again continues at the
+// occurrence after the one used last time. The common case, an id met once, is its first new
+// index; the chain of later occurrences is made once, from the new index map, the first time an
+// id comes again, so that repeated ids cost linear time however far apart they lie.
 class ChangedRowFinder {
 public:
-    ChangedRowFinder(const Diff::Result& result, const NK::Array<const Diffable*>& newItems)
-        : result(result), newItems(newItems)
-    {
-    }
+    explicit ChangedRowFinder(const Diff::Result& result) : result(result) {}
 
     NK::Int64 NewIndexOf(NK::UInt64 oldIndex)
     {
         const NK::Guid id = result.oldIndexMap.GetId(static_cast<NK::Int64>(oldIndex));
-        NK::Int64 index = result.newIndexMap.GetIndex(id, -1);
-        if (NK::Int64* last = lastUsed.GetPtr(id)) {
-            index = *last + 1;
-            while (index < static_cast<NK::Int64>(newItems.GetSize()) &&
-                   newItems[static_cast<NK::UIndex>(index)]->GetId() != id)
-                ++index;
-            *last = index;
-        } else {
-            lastUsed.Add(id, index);
+        const NK::Int64 first = result.newIndexMap.GetIndex(id, -1);
+        if (first < 0)
+            return -1;
+        NK::Int64* last = lastUsed.GetPtr(id);
+        if (last == nullptr) {
+            lastUsed.Add(id, first);
+            return first;
         }
-        return index;
+        if (nextOccurrence.empty())
+            ChainOccurrences();
+        if (*last >= 0)
+            *last = nextOccurrence[static_cast<std::size_t>(*last)];
+        return *last;
     }
 
 private:
+    // nextOccurrence[i]: the next new index after i with the same id, -1 after the last one.
+    void ChainOccurrences()
+    {
+        const NK::UIndex size = result.newIndexMap.GetSize();
+        nextOccurrence.assign(size, -1);
+        NK::HashTable<NK::Guid, NK::Int64> following;
+        following.EnsureSize(size);
+        for (NK::UIndex k = size; k-- > 0;) {
+            const auto index = static_cast<NK::Int64>(k);
+            const NK::Guid id = result.newIndexMap.GetId(index);
+            if (NK::Int64* next = following.GetPtr(id)) {
+                nextOccurrence[k] = *next;
+                *next = index;
+            } else {
+                following.Add(id, index);
+            }
+        }
+    }
+
     const Diff::Result& result;
-    const NK::Array<const Diffable*>& newItems;
     NK::HashTable<NK::Guid, NK::Int64> lastUsed;
+    std::vector<NK::Int64> nextOccurrence;
+};
+
+// A set of item pointers by open addressing: the deallocation rule asks it once per item of an
+// update, so it costs a probe, not a node allocation or a sort.
+class PointerSet {
+public:
+    explicit PointerSet(NK::UIndex expected)
+    {
+        std::size_t capacity = 16;
+        while (capacity < 2 * expected)
+            capacity *= 2;
+        slots.assign(capacity, nullptr);
+    }
+
+    // False when the pointer was in already.
+    bool Add(const Diffable* item)
+    {
+        const std::size_t mask = slots.size() - 1;
+        for (std::size_t slot = Hash(item) & mask;; slot = (slot + 1) & mask) {
+            if (slots[slot] == item)
+                return false;
+            if (slots[slot] == nullptr) {
+                slots[slot] = item;
+                return true;
+            }
+        }
+    }
+
+private:
+    static std::size_t Hash(const Diffable* item)
+    {
+        return static_cast<std::size_t>((reinterpret_cast<std::uintptr_t>(item) >> 4) * 0x9E3779B97F4A7C15ull >> 16);
+    }
+
+    std::vector<const Diffable*> slots;
 };
 
 }  // namespace
@@ -69,15 +128,48 @@ SmartListBoxUpdater::SmartListBoxUpdater(QM::ListBox* listBox, ListBoxDecorator*
 
 SmartListBoxUpdater::~SmartListBoxUpdater()
 {
-    if (deallocator)
-        for (const Diffable* item : items)
+    try {
+        LetGo(std::move(items), {});
+    } catch (...) {
+        NK_ASSERT_TEXT(false, "the shown items are let go without an exception");
+    }
+}
+
+NK::Array<const Diffable*> SmartListBoxUpdater::TakeUnshowable(NK::Array<const Diffable*>& newItems) const
+{
+    NK::Array<const Diffable*> dropped;
+    const auto isNull = [](const Diffable* item) { return item == nullptr; };
+    if (!NK_PRECOND_TEXT(std::none_of(newItems.begin(), newItems.end(), isNull), "newItems hold no null item"))
+        std::erase_if(newItems.AsStdVector(), isNull);
+    // The rows of other writers stay where they are; the updater's own rows fill the rest.
+    const NK::UIndex rowCount = static_cast<NK::UIndex>(listBox->GetItemCount());
+    const NK::UIndex foreignRows = rowCount > items.GetSize() ? rowCount - items.GetSize() : 0;
+    const NK::UIndex capacity = static_cast<NK::UIndex>(QM::ListBox::MaxRowCount) - foreignRows;
+    if (!NK_PRECOND_TEXT(newItems.GetSize() <= capacity, "newItems fit the list box's rows")) {
+        for (NK::UIndex i = capacity; i < newItems.GetSize(); ++i)
+            dropped.Push(newItems[i]);
+        newItems.SetSize(capacity);
+    }
+    return dropped;
+}
+
+void SmartListBoxUpdater::LetGo(NK::Array<const Diffable*> released, const NK::Array<const Diffable*>& kept)
+{
+    if (!deallocator || released.IsEmpty())
+        return;
+    PointerSet notToFree(kept.GetSize() + released.GetSize());
+    for (const Diffable* item : kept)
+        notToFree.Add(item);
+    for (const Diffable* item : released)
+        if (notToFree.Add(item))
             deallocator->Deallocate(item);
 }
 
 SmartListBoxUpdater::SelectionKeeper SmartListBoxUpdater::SetItems(NK::Array<const Diffable*>&& newItems)
 {
     SelectionKeeper keeper(listBox, this);
-    std::vector<bool> written(newItems.GetSize() + 1, false);
+    NK::Array<const Diffable*> dropped = TakeUnshowable(newItems);
+    std::vector<bool> written(newItems.GetSize(), false);
 
     Diff::Result result = Diffing(items, newItems);
 
@@ -87,45 +179,38 @@ SmartListBoxUpdater::SelectionKeeper SmartListBoxUpdater::SetItems(NK::Array<con
 
     for (NK::UInt64 index : result.inserted) {
         const short row = RowOf(index);
-        InsertNewEmptyRow(row, *newItems[index]);
-        FillRowContent(row, *newItems[index]);
-        written[index + 1] = true;
+        WriteRow(row, *newItems[index], RowKind::New);
+        written[index] = true;
     }
 
     for (const Diff::Move& move : result.moved) {
         const short row = RowOf(move.to);
-        UpdateExistingRowType(row, *newItems[move.to]);
-        FillRowContent(row, *newItems[move.to]);
-        written[move.to + 1] = true;
+        WriteRow(row, *newItems[move.to], RowKind::Existing);
+        written[move.to] = true;
     }
 
-    ChangedRowFinder changedRows(result, newItems);
+    ChangedRowFinder changedRows(result);
     for (NK::UInt64 oldIndex : result.changed) {
         const NK::Int64 index = changedRows.NewIndexOf(oldIndex);
         if (!NK_ASSERT(index >= 0 && index < static_cast<NK::Int64>(newItems.GetSize())))
             continue;
         const auto newIndex = static_cast<NK::UIndex>(index);
         const short row = RowOf(newIndex);
-        UpdateExistingRowType(row, *newItems[newIndex]);
-        FillRowContent(row, *newItems[newIndex]);
-        written[newIndex + 1] = true;
+        WriteRow(row, *newItems[newIndex], RowKind::Existing);
+        written[newIndex] = true;
     }
 
-    if (deallocator)
-        for (const Diffable* item : items)
-            deallocator->Deallocate(item);
-
-    items = std::move(newItems);
+    NK::Array<const Diffable*> released = std::exchange(items, std::move(newItems));
+    released.Append(dropped);
+    LetGo(std::move(released), items);
     *rowMap = std::move(result.newIndexMap);
 
     // Rows that were not written keep their content (equal to the new item's) but must point at
-    // the new item objects.
-    const short rowCount = listBox->GetItemCount();
-    for (short row = 1; row <= rowCount; ++row) {
-        const auto index = static_cast<NK::UIndex>(row - 1);
-        if (written[static_cast<NK::UIndex>(row)] || index >= items.GetSize())
+    // the new item objects. Only the updater's own rows: rows of other writers lie below them.
+    for (NK::UIndex index = 0; index < items.GetSize(); ++index) {
+        if (written[index])
             continue;
-        listBox->SetItemObjectData(row, Diff::MakeItemData(rowMap->GetId(static_cast<NK::Int64>(index)), items[index]));
+        listBox->SetItemObjectData(RowOf(index), Diff::MakeItemData(rowMap->GetId(static_cast<NK::Int64>(index)), items[index]));
     }
     return keeper;
 }
@@ -200,27 +285,23 @@ void SmartListBoxUpdater::UpdateItem(const NK::Guid& id) const
         decorator->DecorateRow(*listBox, row, *item);
 }
 
-void SmartListBoxUpdater::FillRowContent(short row, const Diffable& item)
+void SmartListBoxUpdater::WriteRow(short row, const Diffable& item, RowKind kind)
 {
-    if (decorator != nullptr && !IsSeparatorItem(item))
+    const bool separator = IsSeparatorItem(item);
+    bool insert = kind == RowKind::New;
+    if (!insert && listBox->IsSeparator(row) != separator) {
+        listBox->DeleteItem(row);
+        insert = true;
+    }
+    if (insert) {
+        if (separator)
+            listBox->InsertSeparator(row);
+        else
+            listBox->InsertItem(row);
+    }
+    if (decorator != nullptr && !separator)
         decorator->DecorateRow(*listBox, row, item);
     listBox->SetItemObjectData(row, Diff::MakeItemData(item.GetId(), &item));
-}
-
-void SmartListBoxUpdater::InsertNewEmptyRow(short row, const Diffable& item)
-{
-    if (IsSeparatorItem(item))
-        listBox->InsertSeparator(row);
-    else
-        listBox->InsertItem(row);
-}
-
-void SmartListBoxUpdater::UpdateExistingRowType(short row, const Diffable& item)
-{
-    if (listBox->IsSeparator(row) == IsSeparatorItem(item))
-        return;
-    listBox->DeleteItem(row);
-    InsertNewEmptyRow(row, item);
 }
 
 SmartListBoxUpdater::SelectionKeeper::SelectionKeeper(QM::ListBox* listBox, const SmartListBoxUpdater* updater)

@@ -4,15 +4,24 @@
 // inserted items (ascending, each at its final row), and rewrites in place the rows of moved and
 // changed items. Rows are never moved in the control. Every row carries an attached record
 // naming its item, so rows map back to items and ids; the updater assumes that it is the list
-// box's only writer.
+// box's only writer. Rows that were in the list box before the updater's first SetItems stay
+// below the updater's rows.
 //
 // Selection survives by id: SetItems returns a SelectionKeeper, made before any row changed,
 // whose RestoreByItemIds selects the rows of the remembered ids that are still shown.
 //
-// With a deallocator the updater owns its items: every item it lets go (all items of the old
-// array on SetItems, all shown items on destruction) is passed to Deallocate once, so the new
-// array must never reuse an item object of the old one. Draw suppression around an update is the
-// owning view's business.
+// What SetItems does not show. A null entry is reported and dropped. A list box holds at most
+// QM::ListBox::MaxRowCount (32,767) rows, less the rows of other writers: of a longer array the
+// updater shows the first rows that fit, reports the overflow once per SetItems ("newItems fit
+// the list box's rows"), and drops the rest, so that GetItems, the row map and the rows always
+// agree. A dropped item is one the updater lets go: with a deallocator it is deallocated at once
+// (the caller handed it over and gets nothing back to free); without one it stays the caller's.
+//
+// With a deallocator the updater owns its items: every item object it lets go (the old array's
+// on SetItems, the dropped ones, all shown ones on destruction) is passed to Deallocate exactly
+// once. An item object that is both in the old and in the new array stays shown and is not
+// deallocated; one given several times is deallocated once. Draw suppression around an update is
+// the owning view's business.
 #pragma once
 
 #include "NK/NKArray.hpp"
@@ -90,9 +99,16 @@ public:
     void UpdateItem(const NK::Guid& id) const;
 
 private:
-    void FillRowContent(short row, const Diffable& item);
-    void InsertNewEmptyRow(short row, const Diffable& item);
-    void UpdateExistingRowType(short row, const Diffable& item);
+    // Drops the null entries and what does not fit into the rows left to the updater, with one
+    // report each; returns the dropped non-null items.
+    NK::Array<const Diffable*> TakeUnshowable(NK::Array<const Diffable*>& newItems) const;
+    // Deallocates the distinct items of `released` that are not in `kept`.
+    void LetGo(NK::Array<const Diffable*> released, const NK::Array<const Diffable*>& kept);
+    enum class RowKind { New, Existing };
+    // Writes the item into its row: a new row is inserted first, an existing one of the other
+    // kind (separator or not) is replaced; the item is decorated unless it is a separator, and
+    // the row gets a fresh record naming it.
+    void WriteRow(short row, const Diffable& item, RowKind kind);
 
     // Row r shows the id at index r - 1; an id shown in several rows maps back to the first.
     NK::Owner<Diff::IndexMap> rowMap;

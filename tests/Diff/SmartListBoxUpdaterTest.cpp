@@ -1,5 +1,6 @@
 #include "DiffTestItems.hpp"
 
+#include "NK/NKAssert.hpp"
 #include "QM/QMDialog.hpp"
 #include "QM/QMListBox.hpp"
 #include "WZSources/Diff/WZDiff.hpp"
@@ -7,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <random>
@@ -58,14 +60,15 @@ protected:
             list.Push(item);
         return list;
     }
-    // What the list box shows: the first tab field of each row, "--" for separators.
-    std::vector<std::string> Shown() const
+    // What a list box shows: the first tab field of each row, "--" for separators.
+    static std::vector<std::string> Texts(const QM::ListBox& box)
     {
         std::vector<std::string> texts;
-        for (short row = 1; row <= listBox.GetItemCount(); ++row)
-            texts.push_back(listBox.IsSeparator(row) ? "--" : listBox.GetTabItemText(row, 1).ToUtf8());
+        for (int row = 1; row <= box.GetItemCount(); ++row)
+            texts.push_back(box.IsSeparator(static_cast<short>(row)) ? "--" : box.GetTabItemText(static_cast<short>(row), 1).ToUtf8());
         return texts;
     }
+    std::vector<std::string> Shown() const { return Texts(listBox); }
     NK::UInt64 Count(QM::Op op) const { return listBox.GetJournal().GetCount(op); }
     void ResetJournal() { const_cast<QM::Journal&>(listBox.GetJournal()).Reset(); }
 
@@ -75,14 +78,6 @@ protected:
     TextDecorator decorator;
     WZ::SmartListBoxUpdater updater {&listBox, &decorator, nullptr};
 };
-
-TEST_F(SmartListBoxUpdaterTest, EmptyOnEmptyChangesNothing)
-{
-    auto keeper = updater.SetItems({});
-    EXPECT_EQ(listBox.GetJournal().GetTotal(), 0u);
-    EXPECT_EQ(keeper.RestoreByItemIds(), Restored::Nothing);
-    EXPECT_EQ(Count(QM::Op::Deselect), 1u);  // the selection is cleared in every case
-}
 
 TEST_F(SmartListBoxUpdaterTest, FirstFillInsertsDecoratesAndMapsEveryRow)
 {
@@ -94,6 +89,7 @@ TEST_F(SmartListBoxUpdaterTest, FirstFillInsertsDecoratesAndMapsEveryRow)
     EXPECT_EQ(updater.GetRow(Id(3)), 3);
     EXPECT_EQ(updater.GetRow(Id(99)), 0);
     EXPECT_EQ(updater.GetId(4), NK::NullGuid);
+    EXPECT_EQ(updater.GetContained({Id(3), Id(7), Id(1)}), (NK::Array<NK::Guid> {Id(3), Id(1)}));
 }
 
 TEST_F(SmartListBoxUpdaterTest, EqualContentOnlyRetargetsTheRows)
@@ -139,6 +135,11 @@ TEST_F(SmartListBoxUpdaterTest, SeparatorKindSwitchReplacesTheRow)
 
 TEST_F(SmartListBoxUpdaterTest, SelectionIsRestoredById)
 {
+    auto empty = updater.SetItems({});
+    EXPECT_EQ(listBox.GetJournal().GetTotal(), 0u) << "nothing on nothing changes nothing";
+    EXPECT_EQ(empty.RestoreByItemIds(), Restored::Nothing);
+    EXPECT_EQ(Count(QM::Op::Deselect), 1u);  // the selection is cleared in every case
+
     updater.SetItems(List({Item(1, "a"), Item(2, "b"), Item(3, "c")}));
     listBox.SelectItems({1, 3});
     auto keeper = updater.SetItems(List({Item(4, "new"), Item(1, "a"), Item(2, "b")}));
@@ -161,14 +162,7 @@ TEST_F(SmartListBoxUpdaterTest, SelectionIsRestoredById)
     EXPECT_TRUE(listBox.GetSelectedItems().IsEmpty());
 }
 
-TEST_F(SmartListBoxUpdaterTest, ContainedKeepsTheOrderOfTheQuestion)
-{
-    updater.SetItems(List({Item(1, "a"), Item(2, "b")}));
-    EXPECT_TRUE(updater.GetContained({}).IsEmpty());
-    EXPECT_EQ(updater.GetContained({Id(2), Id(7), Id(1)}), (NK::Array<NK::Guid> {Id(2), Id(1)}));
-}
-
-TEST_F(SmartListBoxUpdaterTest, UpdateItemRedecoratesOneRow)
+TEST_F(SmartListBoxUpdaterTest, UpdateItemRedecoratesOneRowAndRowsWithoutRecordsThrow)
 {
     updater.SetItems(List({Item(1, "a"), Item(2, "b")}));
     listBox.SetTabItemText(2, 1, "scribbled");
@@ -176,14 +170,10 @@ TEST_F(SmartListBoxUpdaterTest, UpdateItemRedecoratesOneRow)
     updater.UpdateItem(Id(2));
     EXPECT_EQ(Shown(), (std::vector<std::string> {"a", "b"}));
     EXPECT_EQ(decorator.total, 1);
-}
 
-TEST_F(SmartListBoxUpdaterTest, RowsWithoutRecordsThrowNullReference)
-{
-    updater.SetItems(List({Item(1, "a")}));
     listBox.InsertItem(QM::ListBox::LastPosition);  // somebody else's row
     try {
-        updater.GetItem(short {2});
+        updater.GetItem(short {3});
         FAIL() << "no exception";
     } catch (const NK::NullReferenceException& e) {
         EXPECT_STREQ(e.what(), "Null reference.");
@@ -191,23 +181,124 @@ TEST_F(SmartListBoxUpdaterTest, RowsWithoutRecordsThrowNullReference)
     EXPECT_THROW(updater.UpdateItem(Id(42)), NK::NullReferenceException);
 }
 
-TEST_F(SmartListBoxUpdaterTest, DeallocatorGetsEveryLetGoItemOnce)
+// Every item object let go reaches the deallocator exactly once, and never one still shown.
+TEST_F(SmartListBoxUpdaterTest, DeallocatorGetsEveryLetGoItemOnceAndNoShownOne)
 {
-    std::vector<const WZ::Diffable*> given;
-    std::vector<const WZ::Diffable*> handedOver;
-    {
-        WZ::SmartListBoxUpdater owning(&listBox, &decorator, NK::NewOwned<RecordingDeallocator>(given));
-        auto first = List({Item(1, "a"), Item(2, "b")});
-        auto second = List({Item(2, "b"), Item(3, "c"), Item(4, "d")});
-        handedOver.insert(handedOver.end(), first.begin(), first.end());
-        handedOver.insert(handedOver.end(), second.begin(), second.end());
-        owning.SetItems(std::move(first));
-        owning.SetItems(std::move(second));
-        EXPECT_EQ(given.size(), 2u);  // the whole first array, the surviving id included
+    const TextItem* a = Item(1, "a");
+    const TextItem* b = Item(2, "b");
+    const TextItem* c = Item(3, "c");
+    const TextItem* b2 = Item(2, "b");
+    struct Case {
+        const char* name;
+        std::vector<std::vector<const TextItem*>> updates;
+        std::multiset<const WZ::Diffable*> givenBeforeDestruction;
+    } cases[] = {
+        {"new objects for a surviving id", {{a, b}, {b2, c}}, {a, b}},
+        {"the same objects again", {{a, b}, {a, b, c}}, {}},
+        {"an object moved and one repeated", {{a, b}, {c, a, c}}, {b}},
+        {"an object given twice, then let go", {{b, b}, {c}}, {b}},
+    };
+    for (const Case& test : cases) {
+        std::vector<const WZ::Diffable*> given;
+        std::set<const WZ::Diffable*> handedOver;
+        QM::ListBox box(dialog, QM::Rect(0, 0, 100, 100));
+        {
+            WZ::SmartListBoxUpdater owning(&box, &decorator, NK::NewOwned<RecordingDeallocator>(given));
+            for (const auto& update : test.updates) {
+                NK::Array<const WZ::Diffable*> list;
+                for (const TextItem* item : update) {
+                    list.Push(item);
+                    handedOver.insert(item);
+                }
+                owning.SetItems(std::move(list));
+                EXPECT_EQ(Texts(box).size(), update.size()) << test.name;
+            }
+            EXPECT_EQ(std::multiset<const WZ::Diffable*>(given.begin(), given.end()), test.givenBeforeDestruction)
+                << test.name;
+        }
+        EXPECT_EQ(std::multiset<const WZ::Diffable*>(given.begin(), given.end()),
+                  std::multiset<const WZ::Diffable*>(handedOver.begin(), handedOver.end()))
+            << test.name;
+        EXPECT_EQ(box.GetItemCount(), static_cast<short>(test.updates.back().size())) << "the rows stay";
     }
-    std::multiset<const WZ::Diffable*> counted(given.begin(), given.end());
-    EXPECT_EQ(counted, std::multiset<const WZ::Diffable*>(handedOver.begin(), handedOver.end()));
-    EXPECT_EQ(listBox.GetItemCount(), 3);  // the rows stay in the control
+}
+
+// Past the toolkit's 32,767 rows (less the rows of another writer, which stay below) the
+// updater shows what fits, reports once, and lets the rest go: rows, shown array and row map
+// agree, and no row number turns negative.
+TEST_F(SmartListBoxUpdaterTest, LongArraysShowWhatFitsTheRows)
+{
+    struct Case {
+        int foreignRows;
+        int items;
+    } cases[] = {{0, 32767}, {0, 40000}, {2, 32767}};
+    for (const Case& test : cases) {
+        QM::ListBox box(dialog, QM::Rect(0, 0, 100, 100));
+        for (int i = 0; i < test.foreignRows; ++i)
+            box.SetItemValue(box.AppendItem(), 7);
+        std::vector<const WZ::Diffable*> given;
+        WZ::SmartListBoxUpdater owning(&box, nullptr, NK::NewOwned<RecordingDeallocator>(given));
+        NK::Array<const WZ::Diffable*> items;
+        for (int i = 0; i < test.items; ++i)
+            items.Push(Item(static_cast<NK::UInt64>(i + 1), ""));
+        const NK::Array<const WZ::Diffable*> handedOver = items;
+        const auto shown = static_cast<NK::UIndex>(std::min(test.items, 32767 - test.foreignRows));
+        NK::AssertCapture capture;
+        owning.SetItems(std::move(items));
+        EXPECT_EQ(capture.GetExpressions().size(), shown < handedOver.GetSize() ? 1u : 0u) << test.items;
+        ASSERT_EQ(box.GetItemCount(), test.foreignRows + static_cast<int>(shown));
+        ASSERT_EQ(owning.GetItems().GetSize(), shown);
+        const short last = static_cast<short>(shown);
+        EXPECT_EQ(owning.GetItem(last), handedOver[shown - 1]);
+        EXPECT_EQ(owning.GetRow(handedOver[shown - 1]->GetId()), last);
+        EXPECT_FALSE(owning.HasItem(Id(shown + 1)));
+        EXPECT_EQ(given, std::vector<const WZ::Diffable*>(handedOver.begin() + static_cast<std::ptrdiff_t>(shown), handedOver.end()));
+        for (int row = last + 1; row <= box.GetItemCount(); ++row)
+            EXPECT_EQ(box.GetItemValue(static_cast<short>(row)), 7) << "another writer's row";
+        // The next update still works at the limit.
+        owning.SetItems(NK::Array<const WZ::Diffable*>(owning.GetItems()));
+        EXPECT_EQ(owning.GetItems().GetSize(), shown);
+    }
+}
+
+// Null entries are reported and skipped; the other items are shown as if they came alone.
+TEST_F(SmartListBoxUpdaterTest, NullEntriesAreReportedAndSkipped)
+{
+    updater.SetItems(List({Item(1, "a")}));
+    NK::AssertCapture capture;
+    updater.SetItems({nullptr, Item(2, "b"), nullptr, Item(1, "a")});
+    EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"newItems hold no null item"}));
+    EXPECT_EQ(Shown(), (std::vector<std::string> {"b", "a"}));
+    EXPECT_EQ(updater.GetItems().GetSize(), 2u);
+}
+
+// Changed rows of ids that occur twice, far apart, are found through the index maps: the
+// updater asks no item for its id while it looks for them (a search along the new items would
+// ask each of the thousands between).
+TEST_F(SmartListBoxUpdaterTest, RepeatedIdsFarApartAreFoundWithoutSearching)
+{
+    struct CountingItem : TextItem {
+        CountingItem(NK::UInt64 number, std::string text, int& asked) : TextItem(number, std::move(text)), asked(asked) {}
+        NK::Guid GetId() const override { return ++asked, TextItem::GetId(); }
+        int& asked;
+    };
+    constexpr int Ids = 2000;
+    int asked = 0;
+    std::deque<CountingItem> items;
+    auto list = [&](const std::string& text) {
+        NK::Array<const WZ::Diffable*> list;
+        for (int copy = 0; copy < 2; ++copy)
+            for (int i = 1; i <= Ids; ++i)
+                list.Push(&items.emplace_back(static_cast<NK::UInt64>(i), text + std::to_string(copy), asked));
+        return list;
+    };
+    updater.SetItems(list("old"));
+    asked = 0;
+    updater.SetItems(list("new"));
+    EXPECT_LE(asked, 8 * 2 * Ids);
+    std::vector<std::string> expected(Ids, "new0");
+    expected.resize(2 * Ids, "new1");
+    EXPECT_EQ(Shown(), expected);
 }
 
 TEST(SmartListBoxDefaultDeallocatorTest, DeletesTheItems)

@@ -1,8 +1,10 @@
 // WZ::Folderable::ListItemFactory: turns model items into the rows of the foldered data view's
 // list box. CreateItems filters the items (the filter's FilterItems), lets the client create a
 // row for each survivor (CreateItem, which every client overrides) and sorts the rows with the
-// comparator (a comparator that is no strict weak order gives some order, never a crash). Without a comparator the rows are reported ("comparator != nullptr")
-// and left in filter order.
+// comparator (a comparator that is no strict weak order gives some order, never a crash; rows
+// that compare equal come in no fixed order). Without a comparator the rows are reported
+// ("comparator != nullptr") and left in filter order. Null model items given to CreateItems or
+// to a filter, and null rows from CreateItem, are reported once per call and left out.
 //
 // The rows are the caller's: the list views hand them to their smart updater with a
 // deallocator, which deletes them when they are let go.
@@ -31,6 +33,7 @@
 #include "NK/NKHashTable.hpp"
 
 #include <functional>
+#include <vector>
 
 namespace WZ {
 class ImprovedHorizontalSplitter;
@@ -93,8 +96,27 @@ public:
     const Filter& GetFilter() const { return *filter; }
 
 private:
+    // Sorts with the comparator, starting from the order it gave last time: the rows met before
+    // are put in their former relative order and kept there when the comparator agrees with
+    // every neighbouring pair; the others are sorted apart and merged in. A refresh of much the
+    // same rows then costs one comparison per row instead of a full sort.
+    void SortRows(NK::Array<const ListBoxItem*>& rows);
+    void SortVectorWithClientOrder(std::vector<const ListBoxItem*>& rows) const;
+
     NK::Owner<Filter> filter;
     Comparator comparator;
+    // The position of each row's id in the last full order made (an open-addressing table
+    // probed once per row); emptied with a new comparator.
+    struct Rank {
+        NK::Guid id;
+        NK::UInt32 position = NoRank;
+    };
+    static constexpr NK::UInt32 NoRank = 0xFFFFFFFF;
+    NK::UInt32 FindRank(const NK::Guid& id) const;
+    void RankInOrder(const std::vector<const ListBoxItem*>& sorted);
+
+    std::vector<Rank> ranks;
+    NK::UInt32 rankCount = 0;
 };
 
 // The setup of the foldered data view's list: ListBoxItem rows in columns with short ids, each
@@ -142,7 +164,8 @@ public:
 private:
     NK::Array<const ModelItem*> ModelsOf(const NK::Array<const ListBoxItem*>& rows) const;
 
-    NK::HashTable<NK::Guid, const ModelItem*> modelsById;
+    // The model item of each row (index row - 1); null where no model was given.
+    std::vector<const ModelItem*> modelOfRow;
 };
 
 }  // namespace WZ::Folderable
