@@ -67,19 +67,21 @@ public:
         int edits = Pick(0, 12);
         for (int e = 0; e < edits; ++e) {
             int kind = Pick(0, 4);
-            if (kind == 0 && !next.empty()) {
-                next.erase(next.begin() + Pick(0, static_cast<int>(next.size()) - 1));
-            } else if (kind == 1) {
-                next.insert(next.begin() + Pick(0, static_cast<int>(next.size())),
-                            NewItem(Pick(1, 40), "v0"));
-            } else if (kind == 2 && !next.empty()) {
-                auto from = next.begin() + Pick(0, static_cast<int>(next.size()) - 1);
-                const WZ::Diffable* moving = *from;
-                next.erase(from);
-                next.insert(next.begin() + Pick(0, static_cast<int>(next.size())), moving);
-            } else if (kind == 3 && !next.empty()) {
-                auto& slot = next[static_cast<std::size_t>(Pick(0, static_cast<int>(next.size()) - 1))];
-                slot = NewItem(Number(slot), "v" + std::to_string(e + 1));
+            const int size = static_cast<int>(next.size());
+            if (kind == 4)  // no edit
+                continue;
+            if (kind == 1 || size == 0) {
+                next.insert(next.begin() + Pick(0, size), NewItem(Pick(1, 40), "v0"));
+                continue;
+            }
+            auto at = next.begin() + Pick(0, size - 1);
+            if (kind == 0 || kind == 2) {  // delete, or move elsewhere
+                const WZ::Diffable* moving = *at;
+                next.erase(at);
+                if (kind == 2)
+                    next.insert(next.begin() + Pick(0, size - 1), moving);
+            } else {
+                *at = NewItem(Number(*at), "v" + std::to_string(e + 1));
             }
         }
         // Most items of the new list are fresh copies, as a client rebuilding its list would make.
@@ -96,10 +98,7 @@ public:
 private:
     int Pick(int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); }
     static NK::UInt64 Number(const WZ::Diffable* item) { return item->GetId().GetLow(); }
-    const TextItem* NewItem(NK::UInt64 number, const std::string& text)
-    {
-        return &store.emplace_back(number, text, &calls);
-    }
+    const TextItem* NewItem(NK::UInt64 number, const std::string& text) { return &store.emplace_back(number, text, &calls); }
 
     std::mt19937 random;
     std::deque<TextItem> store;
@@ -135,19 +134,10 @@ TEST(DiffingPropertyTest, ApplyingTheResultToTheOldSequenceYieldsTheNewOne)
             ASSERT_EQ(result.deleted.Contains(index), Holds(result.deleted, index)) << "seed " << seed;
         }
 
-        std::vector<NK::UInt64> inserted(result.inserted.begin(), result.inserted.end());
-        ASSERT_TRUE(std::is_sorted(inserted.begin(), inserted.end())) << "seed " << seed;
-        std::vector<NK::UInt64> movedTo;
-        for (const WZ::Diff::Move& move : result.moved)
-            movedTo.push_back(move.to);
-        ASSERT_TRUE(std::is_sorted(movedTo.begin(), movedTo.end())) << "seed " << seed;
-
-        // Copies of equal content report nothing.
-        std::deque<TextItem> copies;
-        NK::Array<const WZ::Diffable*> same;
-        for (const WZ::Diffable* item : scenario.oldItems)
-            same.Push(&copies.emplace_back(item->GetId().GetLow(), static_cast<const TextItem*>(item)->GetText()));
-        ASSERT_FALSE(WZ::Diffing(scenario.oldItems, same).HasChanges()) << "seed " << seed;
+        ASSERT_TRUE(std::is_sorted(result.inserted.begin(), result.inserted.end())) << "seed " << seed;
+        ASSERT_TRUE(std::is_sorted(result.moved.begin(), result.moved.end(),
+                                   [](const WZ::Diff::Move& a, const WZ::Diff::Move& b) { return a.to < b.to; }))
+            << "seed " << seed;
     }
 }
 

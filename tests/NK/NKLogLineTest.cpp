@@ -5,21 +5,25 @@
 
 namespace {
 
-TEST(LogLineTest, ParametersGoInOrderAndDoublePercentIsLiteral)
+TEST(LogLineTest, ParametersGoInOrderAndEachLineKindSendsItsLevel)
 {
     const NK::LogLine line("% of % (%%) % % %", {"Int16", "String", "Bool", "UniString", "Double"}, "NK", "Test");
     EXPECT_EQ(line.Format(-3, "all", true, NK::UniString(u"\u00E9t\u00E9"), 0.5), "-3 of all (%) true \u00E9t\u00E9 0.5");
-    // Each line kind sends its level with its module and category.
-    const NK::LogLine info("%", {"UniString"}, "NKAutoTester", "Step");
+    const NK::LogLine info("%", {"UniString"}, "Player", "Step");
     const NK::WarningLogLine warning("w %", {"UInt32"}, "WZLib", "Assert");
     const NK::ErrorLogLine error("e %", {"UInt32"}, "WZLib", "Assert");
-    NK::LogCapture capture;
-    info.Write(NK::UniString("step 3"));
-    warning.Write(7u);
-    error.Write(NK::UInt32(412));
-    EXPECT_EQ(capture.GetRecords(), (std::vector<NK::LogRecord> {{NK::LogLevel::Info, "NKAutoTester", "Step", "step 3"},
-                                                                 {NK::LogLevel::Warning, "WZLib", "Assert", "w 7"},
-                                                                 {NK::LogLevel::Error, "WZLib", "Assert", "e 412"}}));
+    NK::LogCapture outer;
+    {
+        NK::LogCapture capture;
+        info.Write(NK::UniString("step 3"));
+        warning.Write(7u);
+        error.Write(NK::UInt32(412));
+        EXPECT_EQ(capture.GetRecords(), (std::vector<NK::LogRecord> {{NK::LogLevel::Info, "Player", "Step", "step 3"},
+                                                                     {NK::LogLevel::Warning, "WZLib", "Assert", "w 7"},
+                                                                     {NK::LogLevel::Error, "WZLib", "Assert", "e 412"}}));
+    }
+    info.Write(NK::UniString("after"));  // the capture restored the previous sink
+    EXPECT_EQ(outer.GetTexts(), std::vector<std::string> {"after"});
 }
 
 TEST(LogLineTest, WrongArgumentsAreReportedButTheRecordIsStillSent)
@@ -32,23 +36,9 @@ TEST(LogLineTest, WrongArgumentsAreReportedButTheRecordIsStillSent)
     EXPECT_EQ(logs.GetTexts(), (std::vector<std::string> {"line 70000 in %", "line -1 in file"}));
     EXPECT_EQ(asserts.GetExpressions(), (std::vector<std::string> {"values.size() == parameterTypes.size()", "argument 1 fits UInt16",
                                                                    "values.size() == parameterTypes.size()", "argument 1 fits UInt16"}));
-
     asserts.Clear();
     const NK::LogLine unknownType("%", {"Float128"}, "NK");
     EXPECT_EQ(asserts.GetExpressions(), std::vector<std::string> {"IsKnownType (Float128)"});
-}
-
-TEST(LogLineTest, CaptureRestoresThePreviousSink)
-{
-    const NK::LogLine line("%", {"Int32"}, "NK");
-    NK::LogCapture outer;
-    {
-        NK::LogCapture inner;
-        line.Write(1);
-        EXPECT_EQ(inner.GetTexts(), std::vector<std::string> {"1"});
-    }
-    line.Write(2);
-    EXPECT_EQ(outer.GetTexts(), std::vector<std::string> {"2"});
 }
 
 }  // namespace
