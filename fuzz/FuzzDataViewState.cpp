@@ -22,7 +22,7 @@ std::vector<NK::Byte> StateOf(FolderedDataView& dataView)
 void ReadState(const NK::Byte* data, std::size_t size)
 {
     // A data view of its own for every input, so that a finding replays alone.
-    Browser browser;
+    Bench browser;
     browser.dataView.SetItems(BuildForest(SampleForest()));
     browser.dataView.CreateDefaultState();
     browser.dataView.ShowCurrentView();

@@ -135,7 +135,7 @@ using ColumnState = WZ::Folderable::Views::ListBoxBaseView::ColumnState;
 using TabList = std::vector<std::pair<short, short>>;
 
 // Name and Kind share the room, Size keeps 60 pixels.
-void AddColumns(Browser& browser)
+void AddColumns(Bench& browser)
 {
     WZ::Folderable::UntypedListBox& list = *browser.dataView.GetListBoxDataView();
     list.AddTextColumn(2, "Kind", NK::NewOwned<WZ::ProportionalColumn>(1.0f, 100), [](const ListBoxItem&) { return NK::UniString("-"); });
@@ -147,15 +147,15 @@ void AddColumns(Browser& browser)
     browser.dataView.ShowCurrentView();
     browser.dataView.InitRect();
 }
-WZ::Folderable::UntypedListBox& List(Browser& b) { return *b.dataView.GetListBoxDataView(); }
-TabList Tabs(Browser& b)
+WZ::Folderable::UntypedListBox& List(Bench& b) { return *b.dataView.GetListBoxDataView(); }
+TabList Tabs(Bench& b)
 {
     TabList tabs;
     for (short tab = 1; tab <= b.ListBox().GetTabFieldCount(); ++tab)
         tabs.emplace_back(b.ListBox().GetTabFieldBeginPosition(tab), b.ListBox().GetTabFieldEndPosition(tab));
     return tabs;
 }
-std::vector<NK::Byte> Written(Browser& b)
+std::vector<NK::Byte> Written(Bench& b)
 {
     NK::MemoryOChannel channel;
     EXPECT_EQ(b.dataView.WriteState(channel), NK::NoError);
@@ -166,7 +166,7 @@ std::vector<NK::Byte> Written(Browser& b)
 // the data view's state, and a state whose widths are no pixel lengths is refused as a whole.
 TEST(DataViewColumnsTest, ColumnsFollowTheListAndRoundTripThroughTheState)
 {
-    Browser browser;
+    Bench browser;
     AddColumns(browser);
     EXPECT_EQ(Tabs(browser).back().second, browser.ListBox().GetItemWidth());
     browser.dataView.SetViewMode(ViewMode::TreeAndList);  // the list beside the tree
@@ -181,7 +181,7 @@ TEST(DataViewColumnsTest, ColumnsFollowTheListAndRoundTripThroughTheState)
     List(browser).ApplyColumnState(custom);
     EXPECT_EQ(Tabs(browser), (TabList {{0, 155}, {155, 620}}));
     const std::vector<NK::Byte> before = Written(browser);
-    Browser second;
+    Bench second;
     AddColumns(second);
     NK::MemoryIChannel channel(before);
     ASSERT_EQ(second.dataView.ReadState(channel), NK::NoError);

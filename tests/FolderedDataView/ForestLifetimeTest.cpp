@@ -23,7 +23,7 @@ std::vector<Node> Recipes()
 }
 
 // Every model item that a control or a view of the data view leads to.
-std::vector<const ModelItem*> HeldItems(Browser& browser)
+std::vector<const ModelItem*> HeldItems(Bench& browser)
 {
     std::vector<const ModelItem*> held;
     for (const auto& node : browser.Table().GetAllNodes())
@@ -48,7 +48,7 @@ std::vector<const ModelItem*> HeldItems(Browser& browser)
 }
 
 // How many of the held items are not in the data view's forest.
-int HeldOutsideTheForest(Browser& browser)
+int HeldOutsideTheForest(Bench& browser)
 {
     const NK::Array<const ModelItem*> forest = ModelItem::ToPtrArrayRecursive(browser.dataView.GetItems());
     const std::set<const ModelItem*> current(forest.begin(), forest.end());
@@ -59,7 +59,7 @@ int HeldOutsideTheForest(Browser& browser)
 }
 
 // A data view over the recipes whose every view has filled its controls once, showing `mode`.
-void ShowAllViewsEndingIn(Browser& browser, ViewMode mode)
+void ShowAllViewsEndingIn(Bench& browser, ViewMode mode)
 {
     browser.dataView.SetItems(BuildForest(Recipes()));
     for (ViewMode each : {ViewMode::FlatList, ViewMode::TreeAndList, ViewMode::Hierarchical, mode})
@@ -72,7 +72,7 @@ const ViewMode AllModes[] = {ViewMode::Hierarchical, ViewMode::FlatList, ViewMod
 TEST(ForestLifetimeTest, NoViewHoldsAnItemOfAReplacedForest)
 {
     for (ViewMode mode : AllModes) {
-        Browser browser;
+        Bench browser;
         ShowAllViewsEndingIn(browser, mode);
         ASSERT_GT(HeldItems(browser).size(), 10u) << "the hidden controls were filled";
 
@@ -91,18 +91,18 @@ TEST(ForestLifetimeTest, ARebuildWithoutAFactoryIsReportedAndLeavesNoRowOfTheOld
 {
     struct Case {
         ViewMode mode;
-        std::function<void(Browser&)> dropFactory;
+        std::function<void(Bench&)> dropFactory;
         const char* expression;
     };
     const Case cases[] = {
-        {ViewMode::Hierarchical, [](Browser& b) { b.Hierarchical().SetItemFactory(nullptr); }, "itemFactory != nullptr"},
+        {ViewMode::Hierarchical, [](Bench& b) { b.Hierarchical().SetItemFactory(nullptr); }, "itemFactory != nullptr"},
         {ViewMode::FlatList,
-         [](Browser& b) { static_cast<FlatListView&>(*b.dataView.GetView(ViewMode::FlatList)).SetListItemFactory(nullptr); },
+         [](Bench& b) { static_cast<FlatListView&>(*b.dataView.GetView(ViewMode::FlatList)).SetListItemFactory(nullptr); },
          "listItemFactory != nullptr"},
-        {ViewMode::TreeAndList, [](Browser& b) { b.TreeAndList().SetTreeItemFactory(nullptr); }, "treeItemFactory != nullptr"},
+        {ViewMode::TreeAndList, [](Bench& b) { b.TreeAndList().SetTreeItemFactory(nullptr); }, "treeItemFactory != nullptr"},
     };
     for (const Case& c : cases) {
-        Browser browser;
+        Bench browser;
         ShowAllViewsEndingIn(browser, c.mode);
         c.dropFactory(browser);
         NK::AssertCapture asserts;
@@ -115,7 +115,7 @@ TEST(ForestLifetimeTest, ARebuildWithoutAFactoryIsReportedAndLeavesNoRowOfTheOld
 
 TEST(ForestLifetimeTest, ListRowsWithoutAFactoryAreReportedNotThrown)
 {
-    Browser browser;
+    Bench browser;
     browser.dataView.SetItems(BuildForest(Recipes()));
     TreeAndListView& view = browser.TreeAndList();
     view.SetListItemFactory(nullptr);
@@ -128,7 +128,7 @@ TEST(ForestLifetimeTest, ListRowsWithoutAFactoryAreReportedNotThrown)
 
 TEST(ForestLifetimeTest, NullTopLevelItemsAreReportedAndLeftOut)
 {
-    Browser browser;
+    Bench browser;
     browser.dataView.ShowCurrentView();
     NK::Array<NK::Owner<ModelItem>> forest;
     forest.Push(nullptr);
@@ -147,7 +147,7 @@ TEST(ForestLifetimeTest, NullTopLevelItemsAreReportedAndLeftOut)
 TEST(ForestLifetimeTest, TheHierarchicalViewTakesAChainTwoHundredThousandDeep)
 {
     constexpr int Depth = 200000;
-    Browser browser;
+    Bench browser;
     browser.dataView.ShowCurrentView();
     NK::Array<NK::Owner<ModelItem>> chain;
     chain.Push(NK::NewOwned<NamedItem>("level 0"));
