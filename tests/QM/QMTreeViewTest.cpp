@@ -13,8 +13,7 @@ namespace {
 
 using Tree = QM::TreeView;
 
-class TreeRecorder : public QM::TreeViewObserver {
-public:
+struct TreeRecorder : QM::TreeViewObserver {
     void SelectionChanged(const QM::TreeViewSelectionEvent& e) override
     {
         std::string text = Who(e.origin) + "selection:";
@@ -22,21 +21,16 @@ public:
             text += " " + e.source.GetItemText(item).ToUtf8();
         events.push_back(text);
     }
-    void ItemExpanded(const QM::TreeViewItemEvent& e) override
-    {
-        events.push_back(Who(e.origin) + "expanded " + e.source.GetItemText(e.item).ToUtf8());
-    }
-    void ItemCollapsed(const QM::TreeViewItemEvent& e) override
-    {
-        events.push_back(Who(e.origin) + "collapsed " + e.source.GetItemText(e.item).ToUtf8());
-    }
-    void ItemDoubleClicked(const QM::TreeViewItemEvent& e) override
-    {
-        events.push_back("double-click " + e.source.GetItemText(e.item).ToUtf8());
-    }
+    void ItemExpanded(const QM::TreeViewItemEvent& e) override { Log(Who(e.origin) + "expanded", e); }
+    void ItemCollapsed(const QM::TreeViewItemEvent& e) override { Log(Who(e.origin) + "collapsed", e); }
+    void ItemDoubleClicked(const QM::TreeViewItemEvent& e) override { Log("double-click", e); }
     void ItemTextEdited(const QM::TreeViewEditEvent& e) override
     {
         events.push_back("edited " + e.oldText.ToUtf8() + " -> " + e.newText.ToUtf8());
+    }
+    void Log(const std::string& what, const QM::TreeViewItemEvent& e)
+    {
+        events.push_back(what + " " + e.source.GetItemText(e.item).ToUtf8());
     }
     static std::string Who(QM::Origin origin) { return origin == QM::Origin::User ? "user " : ""; }
     std::vector<std::string> events;
