@@ -24,6 +24,7 @@ using DiffTest::ChainLink;
 using DiffTest::Id;
 using DiffTest::TreeNode;
 using Roots = NK::Array<const WZ::TreeDiffable*>;
+using Lines = std::vector<std::string>;
 using SelectionRestoreResult = WZ::SmartTreeViewUpdater::UpdateResult::SelectionRestoreResult;
 
 // The shape of a forest: built into fresh TreeNodes for every update, as a client would.
@@ -46,27 +47,24 @@ public:
     std::string throwOn = "\x01";
 };
 
-class RecordingDeallocator : public WZ::SmartTreeViewUpdater::ItemDeallocator {
-public:
+struct RecordingDeallocator : WZ::SmartTreeViewUpdater::ItemDeallocator {
     explicit RecordingDeallocator(std::vector<const WZ::TreeDiffable*>& given) : given(given) {}
     void Deallocate(const WZ::TreeDiffable* item) override { given.push_back(item); }
     std::vector<const WZ::TreeDiffable*>& given;
 };
 
 // A node that lists a null entry before its children.
-class NullChildNode : public TreeNode {
-public:
+struct NullChildNode : TreeNode {
     using TreeNode::TreeNode;
-    NK::Array<const WZ::TreeDiffable*> GetDiffableChildren() const override
+    Roots GetDiffableChildren() const override
     {
-        NK::Array<const WZ::TreeDiffable*> children = TreeNode::GetDiffableChildren();
+        Roots children = TreeNode::GetDiffableChildren();
         children.Insert(0, nullptr);
         return children;
     }
 };
 
-class ChainDecorator : public WZ::UntypedTreeViewDecorator {
-public:
+struct ChainDecorator : WZ::UntypedTreeViewDecorator {
     void Decorate(QM::TreeView& view, int node, const WZ::TreeDiffable& item) override
     {
         view.SetItemText(node, static_cast<const ChainLink&>(item).text.c_str());
@@ -79,15 +77,12 @@ protected:
     {
         auto& forest = forests.emplace_back();
         Roots roots;
+        std::function<void(TreeNode&, const Shape&)> fill = [&](TreeNode& node, const Shape& shape) {
+            for (const Shape& child : shape.children)
+                fill(node.Add(child.number, child.text), child);
+        };
         for (const Shape& shape : shapes) {
-            forest.push_back(std::make_unique<TreeNode>(shape.number, shape.text));
-            std::vector<std::pair<TreeNode*, const Shape*>> pending {{forest.back().get(), &shape}};
-            while (!pending.empty()) {
-                auto [node, source] = pending.back();
-                pending.pop_back();
-                for (const Shape& child : source->children)
-                    pending.emplace_back(&node->Add(child.number, child.text), &child);
-            }
+            fill(*forest.emplace_back(std::make_unique<TreeNode>(shape.number, shape.text)), shape);
             roots.Push(forest.back().get());
         }
         return roots;
@@ -98,9 +93,9 @@ protected:
     }
 
     // The tree view as lines: two blanks per depth, the text, "+" for an expanded node.
-    std::vector<std::string> Shown()
+    Lines Shown()
     {
-        std::vector<std::string> lines;
+        Lines lines;
         WZ::TreeViewAccessor accessor(treeView);
         NK::Array<int> nodes = accessor.GetAllChildren(QM::TreeView::RootItem);
         for (NK::UIndex k = 1; k < nodes.GetSize(); ++k) {
@@ -112,7 +107,6 @@ protected:
         return lines;
     }
     int Node(NK::UInt64 number) const { return updater.GetTreeViewItemId(Id(number)); }
-    NK::UInt64 Count(QM::Op op) const { return treeView.GetJournal().GetCount(op); }
 
     std::deque<std::vector<std::unique_ptr<TreeNode>>> forests;
     QM::Dialog dialog;
@@ -124,16 +118,12 @@ protected:
 TEST_F(SmartTreeViewUpdaterTest, OnlyWhatDiffersIsRewrittenAndNodesPointAtTheNewItems)
 {
     Show({{1, "a", {{11, "a1", {{111, "a11", {}}}}}}, {2, "b", {}}});
-    EXPECT_EQ(Shown(), (std::vector<std::string> {"a", "  a1", "    a11", "b"}));
-    EXPECT_FALSE(updater.HasTreeViewItem(Id(3)));
-    EXPECT_EQ(updater.GetTreeViewItem(9999), nullptr);
-
     treeView.ResetJournal();
     decorator.calls.clear();
     Roots roots = Build({{1, "a", {{11, "a1", {{111, "a11", {}}}}, {12, "a2", {}}}}, {2, "b renamed", {}}});
     const WZ::TreeDiffable* newA11 = roots[0]->GetDiffableChildren()[0]->GetDiffableChildren()[0];
     updater.SetRootItems(std::move(roots));
-    EXPECT_EQ(Shown(), (std::vector<std::string> {"a", "  a1", "    a11", "  a2", "b renamed"}));
+    EXPECT_EQ(Shown(), (Lines {"a", "  a1", "    a11", "  a2", "b renamed"}));
     // a, whose children changed, is not redecorated; only its level below is updated.
     EXPECT_EQ(decorator.calls, (std::map<NK::Guid, int> {{Id(12), 1}, {Id(2), 1}}));
     EXPECT_EQ(treeView.GetJournal().ToString(), "InsertItem=1 SetItemObjectData=6 SetText=2");
@@ -141,51 +131,37 @@ TEST_F(SmartTreeViewUpdaterTest, OnlyWhatDiffersIsRewrittenAndNodesPointAtTheNew
     treeView.SetItemText(Node(111), "scribbled");
     updater.RedecorateItem(Node(111));
     EXPECT_EQ(treeView.GetItemText(Node(111)).ToUtf8(), "a11");
+
+    const int foreign = treeView.AppendItem(QM::TreeView::RootItem);  // a node without a record
+    EXPECT_THROW(updater.RedecorateItem(foreign), NK::NullReferenceException);
 }
 
-TEST_F(SmartTreeViewUpdaterTest, AMovedSubtreeIsRebuiltCollapsedAndReexpandedById)
+// A moved subtree is rebuilt collapsed; expansion comes back by id, the selection on the item or
+// its nearest ancestor.
+TEST_F(SmartTreeViewUpdaterTest, ExpansionAndSelectionComeBackAfterAnUpdate)
 {
     Show({{1, "a", {{11, "a1", {{111, "a11", {}}}}}}, {2, "b", {}}});
     treeView.ExpandItem(Node(1));
     treeView.ExpandItem(Node(11));
-    const int oldA1 = Node(11);
-
-    auto result = Show({{2, "b", {}}, {1, "a", {{11, "a1", {{111, "a11", {}}}}}}});
-    EXPECT_EQ(Shown(), (std::vector<std::string> {"b", "a", "  a1", "    a11"}));
-    EXPECT_FALSE(treeView.IsExistingItem(oldA1));  // the subtree was rebuilt
-    result.RestoreExpandeds();
-    EXPECT_EQ(Shown(), (std::vector<std::string> {"b", "a+", "  a1+", "    a11"}));
-}
-
-TEST_F(SmartTreeViewUpdaterTest, SelectionComesBackOnTheItemOrItsNearestAncestor)
-{
-    Show({{1, "a", {{11, "a1", {{111, "a11", {}}}}}}, {2, "b", {}}});
     treeView.SelectItem(Node(111));
+    const int oldA1 = Node(11);
+    auto moved = Show({{2, "b", {}}, {1, "a", {{11, "a1", {{111, "a11", {}}}}}}});
+    EXPECT_EQ(Shown(), (Lines {"b", "a", "  a1", "    a11"}));
+    EXPECT_FALSE(treeView.IsExistingItem(oldA1));
+    moved.RestoreExpandeds();
+    EXPECT_EQ(Shown(), (Lines {"b", "a+", "  a1+", "    a11"}));
+    EXPECT_EQ(moved.RestoreSelection(), SelectionRestoreResult::SameItem);
+    EXPECT_EQ(updater.GetSelectedTreeItems(), (NK::Array<int> {Node(111)}));
+
     auto ancestor = Show({{2, "b", {}}, {1, "a", {{11, "a1", {}}}}});
     EXPECT_EQ(ancestor.GetSelectedChain(), (NK::Array<NK::Guid> {Id(111), Id(11), Id(1)}));
     EXPECT_EQ(ancestor.RestoreSelection(), SelectionRestoreResult::Ancestor);
     EXPECT_EQ(updater.GetSelectedItemIds(), (NK::Array<NK::Guid> {Id(11)}));
 
-    auto same = Show({{1, "a", {{11, "a1", {}}}}, {2, "b", {}}});
-    EXPECT_EQ(same.RestoreSelection(), SelectionRestoreResult::SameItem);
-    EXPECT_EQ(updater.GetSelectedTreeItems(), (NK::Array<int> {Node(11)}));
-
     updater.SelectItem(Id(2));
     auto several = Show({{1, "a", {{11, "a1", {}}}}, {2, "b", {}}});
     EXPECT_TRUE(several.GetSelectedChain().IsEmpty());
     EXPECT_EQ(several.RestoreSelection(), SelectionRestoreResult::Nothing);
-}
-
-TEST_F(SmartTreeViewUpdaterTest, NodesWithoutARecordThrowNullReference)
-{
-    const int foreign = treeView.AppendItem(QM::TreeView::RootItem);
-    EXPECT_THROW(updater.RedecorateItem(foreign), NK::NullReferenceException);
-    updater.RedecorateItem(Id(77));  // not shown: nothing happens
-    treeView.ExpandItem(foreign);
-    WZ::TreeViewAccessor accessor(treeView);
-    WZ::SmartTreeViewUpdater::IndexMap map;
-    WZ::SmartTreeViewUpdater::UpdateResult result(treeView, map, accessor);
-    EXPECT_THROW(result.StoreExpandeds({foreign}, treeView), NK::NullReferenceException);
 }
 
 // A root is freed once, when it is no longer shown: handing the same pointers again keeps them.
@@ -226,7 +202,7 @@ TEST_F(SmartTreeViewUpdaterTest, SiblingsSharingAnIdPairByOccurrence)
 {
     Show({{1, "a", {{5, "x", {}}}}, {1, "a", {{6, "y", {{7, "q", {}}}}}}});
     Show({{1, "a", {{5, "x", {}}}}, {1, "a", {{6, "y", {{7, "q'", {}}}}}}});
-    EXPECT_EQ(Shown(), (std::vector<std::string> {"a", "  x", "a", "  y", "    q'"}));
+    EXPECT_EQ(Shown(), (Lines {"a", "  x", "a", "  y", "    q'"}));
 
     Show({{1, "a", {{2, "b below", {}}}}, {2, "b on top", {}}, {3, "c", {{2, "b below", {}}}}});
     EXPECT_EQ(treeView.GetItemText(Node(2)).ToUtf8(), "b on top");
@@ -240,19 +216,18 @@ TEST_F(SmartTreeViewUpdaterTest, NullItemsAreReportedAndLeftOut)
 {
     NK::AssertCapture capture;
     auto& forest = forests.emplace_back();
-    forest.push_back(std::make_unique<NullChildNode>(1, "a"));
-    forest.back()->Add(11, "a1");
-    forest.push_back(std::make_unique<TreeNode>(2, "b"));
-    updater.SetRootItems({nullptr, forest[0].get(), nullptr, forest[1].get()});
-    EXPECT_EQ(Shown(), (std::vector<std::string> {"a", "  a1", "b"}));
-    EXPECT_FALSE(capture.GetReports().empty());
-    EXPECT_EQ(updater.GetRootItems(), (Roots {forest[0].get(), forest[1].get()}));
-
-    forest.push_back(std::make_unique<NullChildNode>(1, "a"));
-    forest.back()->Add(11, "a1");
+    for (int k = 0; k < 2; ++k) {
+        forest.push_back(std::make_unique<NullChildNode>(1, "a"));
+        forest.back()->Add(11, "a1");
+    }
     forest.back()->Add(12, "a2");
-    updater.SetRootItems({forest[2].get(), forest[1].get()});
-    EXPECT_EQ(Shown(), (std::vector<std::string> {"a", "  a1", "  a2", "b"}));
+    forest.push_back(std::make_unique<TreeNode>(2, "b"));
+    updater.SetRootItems({nullptr, forest[0].get(), nullptr, forest[2].get()});
+    EXPECT_EQ(Shown(), (Lines {"a", "  a1", "b"}));
+    EXPECT_GE(capture.GetReports().size(), 3u);  // two roots and a child, at least
+    EXPECT_EQ(updater.GetRootItems(), (Roots {forest[0].get(), forest[2].get()}));
+    updater.SetRootItems({forest[1].get(), forest[2].get()});
+    EXPECT_EQ(Shown(), (Lines {"a", "  a1", "  a2", "b"}));
 }
 
 // A throwing decorator leaves the updater showing nothing, consistently, with what it owned freed.
@@ -267,139 +242,119 @@ TEST_F(SmartTreeViewUpdaterTest, AFailedUpdateLeavesNothingHalfShown)
     EXPECT_THROW(owning.SetRootItems(Roots(second)), std::runtime_error);
     EXPECT_EQ(treeView.GetItemCount(), 0);
     EXPECT_TRUE(owning.GetRootItems().IsEmpty());
-    EXPECT_FALSE(owning.HasTreeViewItem(Id(1)));
     EXPECT_EQ(owning.GetTreeViewItem(Id(11)), nullptr);
     EXPECT_EQ(given, (std::vector<const WZ::TreeDiffable*> {first[0], first[1], second[0], second[1]}));
-
     decorator.throwOn = "\x01";
     owning.SetRootItems(Build({{1, "a", {{12, "fine", {}}}}}));
-    EXPECT_EQ(Shown(), (std::vector<std::string> {"a", "  fine"}));
+    EXPECT_EQ(Shown(), (Lines {"a", "  fine"}));
 }
 
-// A chain 200,000 deep is shown, moved, updated at its deepest link and removed.
+// A chain 200,000 deep is shown, updated at its deepest link and removed.
 TEST_F(SmartTreeViewUpdaterTest, DeepChainsAreHandledWithoutRecursion)
 {
     constexpr NK::UInt64 depth = 200000;
     const std::deque<ChainLink> first = DiffTest::MakeChain(100, depth, "end");
     const std::deque<ChainLink> second = DiffTest::MakeChain(100, depth, "end changed");
-    ChainLink other(1, "other");
     ChainDecorator chainDecorator;
     WZ::SmartTreeViewUpdater deep(treeView, chainDecorator, nullptr);
-
-    deep.SetRootItems({&first[0], &other});
-    EXPECT_EQ(treeView.GetItemCount(), static_cast<int>(depth) + 1);
-    deep.SetRootItems({&other, &first[0]});  // moved: the chain's subtree is rebuilt
-    EXPECT_EQ(treeView.GetItemCount(), static_cast<int>(depth) + 1);
+    deep.SetRootItems({&first[0]});
     treeView.ResetJournal();
-    deep.SetRootItems({&other, &second[0]});
-    EXPECT_EQ(Count(QM::Op::InsertItem) + Count(QM::Op::DeleteItem), 0u);
-    EXPECT_EQ(Count(QM::Op::SetText), 1u);
+    deep.SetRootItems({&second[0]});
+    EXPECT_EQ(treeView.GetJournal().ToString(), "SetItemObjectData=200000 SetText=1");
     EXPECT_EQ(treeView.GetItemText(deep.GetTreeViewItemId(Id(100 + depth - 1))).ToUtf8(), "end changed");
-    deep.SetRootItems({&other});
-    EXPECT_EQ(treeView.GetItemCount(), 1);
+    deep.SetRootItems({});
+    EXPECT_EQ(treeView.GetItemCount(), 0);
 }
 
 // Random forests, with items moving within and between levels and ids repeated: after each update
 // and RestoreExpandeds the tree shows exactly the new forest, every node's record names the item
-// at its place, a node of an id that is unique in both forests keeps the expansion it had at the
-// same path, no node is expanded whose id was not, and an equal forest changes no node.
+// at its place, a node whose path holds only ids unique in both forests keeps the expansion it had
+// at the same path, no node is expanded whose id was not, and an equal forest changes no node.
 TEST_F(SmartTreeViewUpdaterTest, RandomUpdatesLeaveTheTreeShowingTheNewForest)
 {
     std::mt19937 random(11);
-    auto pick = [&](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
+    auto pick = [&](std::size_t low, std::size_t high) { return std::uniform_int_distribution<std::size_t>(low, high)(random); };
     NK::UInt64 nextNumber = 1;
     std::vector<Shape> forest;
     auto randomLevel = [&]() {
         std::vector<Shape>* level = &forest;
         while (!level->empty() && pick(0, 2) > 0)
-            level = &(*level)[static_cast<std::size_t>(pick(0, static_cast<int>(level->size()) - 1))].children;
+            level = &(*level)[pick(0, level->size() - 1)].children;
         return level;
     };
-    // The forest's nodes in pre-order with their id paths.
-    using Walk = std::vector<std::pair<std::vector<NK::UInt64>, const Shape*>>;
-    std::function<void(const std::vector<Shape>&, std::vector<NK::UInt64>&, Walk&)> walk =
-        [&](const std::vector<Shape>& level, std::vector<NK::UInt64>& path, Walk& nodes) {
-            for (const Shape& shape : level) {
-                path.push_back(shape.number);
-                nodes.push_back({path, &shape});
-                walk(shape.children, path, nodes);
-                path.pop_back();
-            }
-        };
     std::set<std::vector<NK::UInt64>> expandedPaths;
     std::set<NK::UInt64> expandedIds;
     std::map<NK::UInt64, int> oldOccurrences;
     for (int round = 0; round < 300; ++round) {
-        for (int e = pick(0, 5); e > 0; --e) {
+        for (std::size_t e = pick(0, 5); e > 0; --e) {
             std::vector<Shape>* level = randomLevel();
-            const int size = static_cast<int>(level->size());
-            const int kind = size == 0 ? pick(0, 1) : pick(0, 6);
+            const std::size_t size = level->size();
+            const std::size_t kind = size == 0 ? pick(0, 1) : pick(0, 6);
             if (kind == 0) {
                 level->insert(level->begin() + pick(0, size), Shape {nextNumber, "n" + std::to_string(nextNumber), {}});
                 ++nextNumber;
             } else if (kind == 1) {  // an id already used, with a text of its own
-                const NK::UInt64 number = static_cast<NK::UInt64>(pick(1, static_cast<int>(nextNumber)));
-                level->insert(level->begin() + pick(0, size), Shape {number, "r" + std::to_string(round), {}});
+                level->insert(level->begin() + pick(0, size), Shape {pick(1, nextNumber), "r" + std::to_string(round), {}});
             } else if (kind == 2) {
                 level->erase(level->begin() + pick(0, size - 1));
             } else if (kind == 3) {
-                (*level)[static_cast<std::size_t>(pick(0, size - 1))].text += "'";
+                (*level)[pick(0, size - 1)].text += "'";
             } else if (kind == 4) {
-                std::swap((*level)[static_cast<std::size_t>(pick(0, size - 1))],
-                          (*level)[static_cast<std::size_t>(pick(0, size - 1))]);
+                std::swap((*level)[pick(0, size - 1)], (*level)[pick(0, size - 1)]);
             } else {  // to another parent
                 const auto from = level->begin() + pick(0, size - 1);
                 Shape moving = std::move(*from);
                 level->erase(from);
                 std::vector<Shape>* target = randomLevel();
-                target->insert(target->begin() + pick(0, static_cast<int>(target->size())), std::move(moving));
+                target->insert(target->begin() + pick(0, target->size()), std::move(moving));
             }
         }
-        auto result = Show(forest);
-        result.RestoreExpandeds();
+        Show(forest).RestoreExpandeds();
 
-        Walk expected;
+        std::vector<std::pair<std::vector<NK::UInt64>, const Shape*>> expected;  // pre-order, with id paths
         std::vector<NK::UInt64> path;
-        walk(forest, path, expected);
         std::map<NK::UInt64, int> occurrences;
-        for (const auto& entry : expected)
-            ++occurrences[entry.second->number];
-        WZ::TreeViewAccessor accessor(treeView);
-        const NK::Array<int> nodes = accessor.GetAllChildren(QM::TreeView::RootItem);
+        std::function<void(const std::vector<Shape>&)> walk = [&](const std::vector<Shape>& level) {
+            for (const Shape& shape : level) {
+                path.push_back(shape.number);
+                expected.emplace_back(path, &shape);
+                ++occurrences[shape.number];
+                walk(shape.children);
+                path.pop_back();
+            }
+        };
+        walk(forest);
+        const NK::Array<int> nodes = WZ::TreeViewAccessor(treeView).GetAllChildren(QM::TreeView::RootItem);
         ASSERT_EQ(nodes.GetSize(), expected.size() + 1) << "round " << round;
         std::set<std::vector<NK::UInt64>> nowExpanded;
         std::set<NK::UInt64> nowExpandedIds;
         for (NK::UIndex k = 0; k < expected.size(); ++k) {
             const int node = nodes[k + 1];
-            const auto& [path, shape] = expected[k];
+            const auto& [idPath, shape] = expected[k];
             ASSERT_EQ(treeView.GetItemText(node).ToUtf8(), shape->text) << "round " << round;
             ASSERT_EQ(updater.GetTreeViewItemId(node), Id(shape->number)) << "round " << round;
             treeView.SetItemText(node, "");
             updater.RedecorateItem(node);
             ASSERT_EQ(treeView.GetItemText(node).ToUtf8(), shape->text) << "round " << round;
             bool unique = true;
-            for (NK::UInt64 number : path)
+            for (NK::UInt64 number : idPath)
                 unique = unique && occurrences[number] == 1 && oldOccurrences[number] <= 1;
-            if (unique && expandedPaths.count(path) > 0) {
-                ASSERT_TRUE(treeView.IsItemExpanded(node)) << "round " << round << " " << shape->text;
-            }
-            if (treeView.IsItemExpanded(node)) {
-                ASSERT_TRUE(expandedIds.count(shape->number) > 0) << "round " << round << " " << shape->text;
-            }
+            const bool expanded = treeView.IsItemExpanded(node);
+            ASSERT_TRUE(!unique || expandedPaths.count(idPath) == 0 || expanded) << "round " << round << " " << shape->text;
+            ASSERT_TRUE(!expanded || expandedIds.count(shape->number) > 0) << "round " << round << " " << shape->text;
             if (pick(0, 3) == 0)
                 treeView.ExpandItem(node);
             if (treeView.IsItemExpanded(node)) {
-                nowExpanded.insert(path);
+                nowExpanded.insert(idPath);
                 nowExpandedIds.insert(shape->number);
             }
         }
         expandedPaths = std::move(nowExpanded);
         expandedIds = std::move(nowExpandedIds);
         oldOccurrences = std::move(occurrences);
-
         treeView.ResetJournal();
         Show(forest);
-        ASSERT_EQ(Count(QM::Op::InsertItem) + Count(QM::Op::DeleteItem), 0u) << "round " << round;
+        ASSERT_EQ(treeView.GetJournal().GetCount(QM::Op::InsertItem) + treeView.GetJournal().GetCount(QM::Op::DeleteItem), 0u) << "round " << round;
     }
 }
 

@@ -12,12 +12,12 @@
 namespace {
 
 using DiffTest::TreeNode;
-using WZ::Diff::Move;
 using WZ::Diff::TreeResult;
+using Keys = std::vector<NK::UInt64>;
 
-std::vector<NK::UInt64> Keys(const TreeResult& result)
+Keys UpdateKeys(const TreeResult& result)
 {
-    std::vector<NK::UInt64> keys;
+    Keys keys;
     for (const auto& entry : result.updates)
         keys.push_back(entry.first);
     return keys;
@@ -25,25 +25,19 @@ std::vector<NK::UInt64> Keys(const TreeResult& result)
 
 class TreeDiffingTest : public ::testing::Test {
 protected:
-    TreeNode& Old(NK::UInt64 number, const std::string& text) { return Root(before, number, text); }
-    TreeNode& New(NK::UInt64 number, const std::string& text) { return Root(after, number, text); }
-    TreeResult Compare() const { return WZ::TreeDiffing(Roots(before), Roots(after)); }
-
-    static TreeNode& Root(std::vector<std::unique_ptr<TreeNode>>& forest, NK::UInt64 number, const std::string& text)
+    TreeNode& Old(NK::UInt64 number, const std::string& text) { return Add(before, number, text); }
+    TreeNode& New(NK::UInt64 number, const std::string& text) { return Add(after, number, text); }
+    TreeResult Compare() const { return WZ::TreeDiffing(before, after); }
+    TreeNode& Add(NK::Array<const WZ::TreeDiffable*>& roots, NK::UInt64 number, const std::string& text)
     {
-        forest.push_back(std::make_unique<TreeNode>(number, text));
-        return *forest.back();
-    }
-    static NK::Array<const WZ::TreeDiffable*> Roots(const std::vector<std::unique_ptr<TreeNode>>& roots)
-    {
-        NK::Array<const WZ::TreeDiffable*> result;
-        for (const auto& root : roots)
-            result.Push(root.get());
-        return result;
+        owned.push_back(std::make_unique<TreeNode>(number, text));
+        roots.Push(owned.back().get());
+        return *owned.back();
     }
 
-    std::vector<std::unique_ptr<TreeNode>> before;
-    std::vector<std::unique_ptr<TreeNode>> after;
+    std::vector<std::unique_ptr<TreeNode>> owned;
+    NK::Array<const WZ::TreeDiffable*> before;
+    NK::Array<const WZ::TreeDiffable*> after;
 };
 
 TEST_F(TreeDiffingTest, LevelChangesAreKeptInAscendingSetsAndEqualForestsHaveNone)
@@ -55,18 +49,18 @@ TEST_F(TreeDiffingTest, LevelChangesAreKeptInAscendingSetsAndEqualForestsHaveNon
     New(1, "a").Add(11, "a1").Add(111, "a11");
     New(3, "c-renamed");
     New(5, "e");
-    TreeResult result = Compare();
+    const TreeResult result = Compare();
     EXPECT_EQ(result.inserted, (NK::SkipSet<NK::UInt64> {0, 3}));
     EXPECT_EQ(result.deleted, (NK::SkipSet<NK::UInt64> {1}));
     EXPECT_TRUE(result.moved.IsEmpty());
-    ASSERT_EQ(Keys(result), (std::vector<NK::UInt64> {2}));  // a's equal subtree leaves no update
+    ASSERT_EQ(UpdateKeys(result), Keys {2});  // a's equal subtree leaves no update
     EXPECT_TRUE(result.updates.Get(2).itemChanged);
     EXPECT_EQ(result.updates.Get(2).oldIndex, 2u);
     EXPECT_EQ(result.updates.Get(2).subTree, nullptr);
-
-    EXPECT_FALSE(WZ::TreeDiffing(Roots(after), Roots(after)).HasChanges());
+    EXPECT_FALSE(WZ::TreeDiffing(after, after).HasChanges());
 }
 
+// Changes below a kept item nest under its new index; copies of the result are deep.
 TEST_F(TreeDiffingTest, ChildrenChangesNestUnderTheirParentByNewIndex)
 {
     Old(1, "a").Add(11, "x");
@@ -80,24 +74,30 @@ TEST_F(TreeDiffingTest, ChildrenChangesNestUnderTheirParentByNewIndex)
     newB.Add(22, "b2").Add(221, "b21-renamed");
     newB.Add(23, "b3");
 
-    TreeResult result = Compare();
-    ASSERT_EQ(Keys(result), (std::vector<NK::UInt64> {1, 2}));
+    const TreeResult result = Compare();
+    ASSERT_EQ(UpdateKeys(result), (Keys {1, 2}));
     const TreeResult::Update& a = result.updates.Get(1);  // changed itself and below: one update
     EXPECT_TRUE(a.itemChanged);
     ASSERT_NE(a.subTree, nullptr);
     EXPECT_TRUE(a.subTree->updates.Get(0).itemChanged);
-
     const TreeResult::Update& b = result.updates.Get(2);
     EXPECT_FALSE(b.itemChanged);
     EXPECT_EQ(b.oldIndex, 1u);
     ASSERT_NE(b.subTree, nullptr);
     EXPECT_EQ(b.subTree->inserted, (NK::SkipSet<NK::UInt64> {2}));
-    ASSERT_EQ(Keys(*b.subTree), (std::vector<NK::UInt64> {1}));
+    ASSERT_EQ(UpdateKeys(*b.subTree), Keys {1});
     const TreeResult::Update& b2 = b.subTree->updates.Get(1);
     EXPECT_FALSE(b2.itemChanged);
     ASSERT_NE(b2.subTree, nullptr);
-    ASSERT_EQ(Keys(*b2.subTree), (std::vector<NK::UInt64> {0}));
+    ASSERT_EQ(UpdateKeys(*b2.subTree), Keys {0});
     EXPECT_TRUE(b2.subTree->updates.Get(0).itemChanged);
+
+    TreeResult copy = result;
+    copy.updates.Get(1).subTree->updates.Clear();
+    EXPECT_FALSE(result.updates.Get(1).subTree->updates.IsEmpty());
+    TreeResult assigned;
+    assigned = result;
+    EXPECT_TRUE(assigned.updates.Get(2).subTree->updates.Get(1).subTree->updates.Get(0).itemChanged);
 }
 
 TEST_F(TreeDiffingTest, AMovedItemIsNotDescendedInto)
@@ -106,8 +106,8 @@ TEST_F(TreeDiffingTest, AMovedItemIsNotDescendedInto)
     Old(2, "b");
     New(2, "b");
     New(1, "a").Add(11, "a1-renamed");
-    TreeResult result = Compare();
-    EXPECT_EQ(result.moved, (NK::HashSet<Move> {{0, 1}, {1, 0}}));
+    const TreeResult result = Compare();
+    EXPECT_EQ(result.moved, (NK::HashSet<WZ::Diff::Move> {{0, 1}, {1, 0}}));
     EXPECT_TRUE(result.updates.IsEmpty());
 }
 
@@ -119,8 +119,8 @@ TEST_F(TreeDiffingTest, UpdatesNameThePartnerThatTheComparisonPaired)
     New(0, "new");
     New(1, "A").Add(5, "x");
     New(1, "A").Add(6, "y").Add(7, "q'");
-    TreeResult result = Compare();
-    ASSERT_EQ(Keys(result), (std::vector<NK::UInt64> {2}));
+    const TreeResult result = Compare();
+    ASSERT_EQ(UpdateKeys(result), Keys {2});
     EXPECT_EQ(result.updates.Get(2).oldIndex, 1u);
     ASSERT_NE(result.updates.Get(2).subTree, nullptr);
     EXPECT_TRUE(result.updates.Get(2).subTree->inserted.IsEmpty());
@@ -131,24 +131,9 @@ TEST_F(TreeDiffingTest, NullItemsAreReportedAndLeftOut)
     NK::AssertCapture capture;
     TreeNode& a = Old(1, "a");
     a.Add(11, "a1");
-    TreeResult result = WZ::TreeDiffing({nullptr, &a}, {&a, nullptr, before[0].get()});
+    const TreeResult result = WZ::TreeDiffing({nullptr, &a}, {&a, nullptr, &a});
     EXPECT_EQ(result.inserted, (NK::SkipSet<NK::UInt64> {1}));
     EXPECT_EQ(capture.GetReports().size(), 2u);
-}
-
-TEST_F(TreeDiffingTest, CopiesAreDeepAndIndependent)
-{
-    Old(1, "a").Add(11, "x");
-    New(1, "a").Add(11, "y");
-    TreeResult original = Compare();
-    TreeResult copy = original;
-    ASSERT_NE(copy.updates.Get(0).subTree, nullptr);
-    copy.updates.Get(0).subTree->updates.Clear();
-    EXPECT_FALSE(original.updates.Get(0).subTree->updates.IsEmpty());
-
-    TreeResult assigned;
-    assigned = original;
-    EXPECT_TRUE(assigned.updates.Get(0).subTree->updates.Get(0).itemChanged);
 }
 
 // A change at the bottom of a chain 200,000 deep is found, and the result copies and goes.
@@ -160,11 +145,8 @@ TEST(TreeDiffingDepthTest, DeepChainsAreComparedWithoutRecursion)
     const TreeResult result = WZ::TreeDiffing({&before[0]}, {&after[0]});
     const TreeResult copy = result;
     NK::UInt64 levels = 1;
-    const TreeResult* level = &copy;
-    while (!level->updates.Get(0).itemChanged) {
+    for (const TreeResult* level = &copy; !level->updates.Get(0).itemChanged; ++levels)
         level = level->updates.Get(0).subTree.Get();
-        ++levels;
-    }
     EXPECT_EQ(levels, depth);
     EXPECT_FALSE(WZ::TreeDiffing({&before[0]}, {&before[0]}).HasChanges());
 }

@@ -6,14 +6,14 @@
 
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
 
 using Tree = QM::TreeView;
 
-class TreeRecorder : public QM::TreeViewObserver {
-public:
+struct TreeRecorder : QM::TreeViewObserver {
     void SelectionChanged(const QM::TreeViewSelectionEvent& e) override
     {
         std::string text = Who(e.origin) + "selection:";
@@ -21,21 +21,16 @@ public:
             text += " " + e.source.GetItemText(item).ToUtf8();
         events.push_back(text);
     }
-    void ItemExpanded(const QM::TreeViewItemEvent& e) override
-    {
-        events.push_back(Who(e.origin) + "expanded " + e.source.GetItemText(e.item).ToUtf8());
-    }
-    void ItemCollapsed(const QM::TreeViewItemEvent& e) override
-    {
-        events.push_back(Who(e.origin) + "collapsed " + e.source.GetItemText(e.item).ToUtf8());
-    }
-    void ItemDoubleClicked(const QM::TreeViewItemEvent& e) override
-    {
-        events.push_back("double-click " + e.source.GetItemText(e.item).ToUtf8());
-    }
+    void ItemExpanded(const QM::TreeViewItemEvent& e) override { Log(Who(e.origin) + "expanded", e); }
+    void ItemCollapsed(const QM::TreeViewItemEvent& e) override { Log(Who(e.origin) + "collapsed", e); }
+    void ItemDoubleClicked(const QM::TreeViewItemEvent& e) override { Log("double-click", e); }
     void ItemTextEdited(const QM::TreeViewEditEvent& e) override
     {
         events.push_back("edited " + e.oldText.ToUtf8() + " -> " + e.newText.ToUtf8());
+    }
+    void Log(const std::string& what, const QM::TreeViewItemEvent& e)
+    {
+        events.push_back(what + " " + e.source.GetItemText(e.item).ToUtf8());
     }
     static std::string Who(QM::Origin origin) { return origin == QM::Origin::User ? "user " : ""; }
     std::vector<std::string> events;
@@ -49,20 +44,16 @@ protected:
         tree.SetItemText(item, text);
         return item;
     }
-    // The texts of a node's children, by the first-child and next-sibling relations.
+    // The texts of a node's children, walked forwards; walked backwards they must agree.
     std::vector<std::string> Children(const Tree& tree, int parent) const
     {
         std::vector<std::string> texts;
+        std::vector<std::string> backwards;
         for (int c = tree.GetItem(parent, Tree::FirstChild); c != Tree::NoItem; c = tree.GetItem(c, Tree::NextSibling))
             texts.push_back(tree.GetItemText(c).ToUtf8());
-        return texts;
-    }
-    // The same walked backwards, to check the other links.
-    std::vector<std::string> ChildrenBackwards(const Tree& tree, int parent) const
-    {
-        std::vector<std::string> texts;
         for (int c = tree.GetItem(parent, Tree::LastChild); c != Tree::NoItem; c = tree.GetItem(c, Tree::PreviousSibling))
-            texts.insert(texts.begin(), tree.GetItemText(c).ToUtf8());
+            backwards.insert(backwards.begin(), tree.GetItemText(c).ToUtf8());
+        EXPECT_EQ(backwards, texts);
         return texts;
     }
 
@@ -71,7 +62,7 @@ protected:
     Tree multi {dialog, QM::Rect(200, 0, 400, 300), Tree::SelectionType::Multi};
 };
 
-TEST_F(QMTreeViewTest, InsertsFirstLastAndAfterASibling)
+TEST_F(QMTreeViewTest, InsertsByPositionAndRefusesUnknownParentsAndForeignSiblings)
 {
     int b = Add(single, 0, Tree::LastPosition, "b");
     int d = Add(single, 0, Tree::LastPosition, "d");
@@ -81,30 +72,20 @@ TEST_F(QMTreeViewTest, InsertsFirstLastAndAfterASibling)
     int child = Add(single, b, Tree::FirstPosition, "b1");
     Add(single, b, child, "b2");
     EXPECT_EQ(Children(single, 0), (std::vector<std::string> {"a", "b", "c", "d", "e"}));
-    EXPECT_EQ(ChildrenBackwards(single, 0), Children(single, 0));
     EXPECT_EQ(Children(single, b), (std::vector<std::string> {"b1", "b2"}));
     EXPECT_EQ(single.GetItem(child, Tree::Parent), b);
-    EXPECT_EQ(single.GetItem(b, Tree::Parent), 0);
-    EXPECT_EQ(single.GetItemCount(), 7);
-    EXPECT_EQ(single.GetChildCount(b), 2);
     EXPECT_EQ(single.GetChildCount(0), 5);
     EXPECT_TRUE(single.HasAncestor(child, b));
     EXPECT_FALSE(single.HasAncestor(b, child));
-}
 
-TEST_F(QMTreeViewTest, RefusesUnknownParentsAndForeignSiblings)
-{
-    int a = Add(single, 0, Tree::LastPosition, "a");
-    int a1 = Add(single, a, Tree::LastPosition, "a1");
     NK::AssertCapture capture;
     EXPECT_EQ(single.InsertItem(99, Tree::LastPosition), Tree::NoItem);
-    EXPECT_EQ(single.InsertItem(0, a1), Tree::NoItem);  // a1 is not a top-level node
-    EXPECT_EQ(single.InsertItem(a, -7), Tree::NoItem);
+    EXPECT_EQ(single.InsertItem(0, child), Tree::NoItem);  // b1 is not a top-level node
+    EXPECT_EQ(single.InsertItem(b, -7), Tree::NoItem);
     EXPECT_EQ(single.GetItem(42, Tree::FirstChild), Tree::NoItem);
     EXPECT_EQ(capture.GetReports().size(), 4u);
-    EXPECT_EQ(single.GetItemCount(), 2);
+    EXPECT_EQ(single.GetItemCount(), 7);
     EXPECT_FALSE(single.IsExistingItem(0));
-    EXPECT_FALSE(single.IsExistingItem(-1));
 }
 
 TEST_F(QMTreeViewTest, DeletingANodeDeletesItsSubtreeAndHandlesAreNeverReused)
@@ -117,21 +98,16 @@ TEST_F(QMTreeViewTest, DeletingANodeDeletesItsSubtreeAndHandlesAreNeverReused)
     single.SetItemValue(b, 7);
     NK::Ref<NK::Object> record = NK::NewRef<NK::Object>();
     single.SetItemObjectData(a11, record);
-
     single.DeleteItem(a);
     EXPECT_EQ(record.GetRefCount(), 1);  // the deleted subtree let its records go
     for (int gone : {a, a1, a11, a2})
         EXPECT_FALSE(single.IsExistingItem(gone));
-    EXPECT_EQ(single.GetItemCount(), 1);
     EXPECT_EQ(Children(single, 0), (std::vector<std::string> {"b"}));
-    EXPECT_EQ(single.GetItem(b, Tree::PreviousSibling), Tree::NoItem);
     EXPECT_EQ(single.GetItemValue(b), 7);  // survivors keep their handle and data
-
     int c = Add(single, 0, Tree::FirstPosition, "c");
     EXPECT_GT(c, a2);
     single.DeleteAllItems();
     EXPECT_EQ(single.GetItemCount(), 0);
-    EXPECT_EQ(single.GetItem(0, Tree::FirstChild), Tree::NoItem);
     EXPECT_GT(single.AppendItem(0), c);
 }
 
@@ -142,14 +118,12 @@ TEST_F(QMTreeViewTest, VisibleNavigationFollowsExpansion)
     int a2 = Add(single, a, Tree::LastPosition, "a2");
     int b = Add(single, 0, Tree::LastPosition, "b");
     EXPECT_EQ(single.GetItem(a, Tree::NextVisible), b);
-    EXPECT_EQ(single.GetItem(b, Tree::PreviousVisible), a);
     single.ExpandItem(a);
-    EXPECT_EQ(single.GetItem(a, Tree::NextVisible), a1);
-    EXPECT_EQ(single.GetItem(a2, Tree::NextVisible), b);
-    EXPECT_EQ(single.GetItem(b, Tree::PreviousVisible), a2);
-    EXPECT_EQ(single.GetItem(a1, Tree::PreviousVisible), a);
-    EXPECT_EQ(single.GetItem(b, Tree::NextVisible), Tree::NoItem);
-    EXPECT_EQ(single.GetItem(a, Tree::PreviousVisible), Tree::NoItem);
+    const std::vector<std::tuple<int, Tree::GetItemFlag, int>> steps {
+        {a, Tree::NextVisible, a1}, {a2, Tree::NextVisible, b}, {b, Tree::NextVisible, Tree::NoItem},
+        {b, Tree::PreviousVisible, a2}, {a1, Tree::PreviousVisible, a}, {a, Tree::PreviousVisible, Tree::NoItem}};
+    for (const auto& [from, relation, to] : steps)
+        EXPECT_EQ(single.GetItem(from, relation), to) << from;
 }
 
 TEST_F(QMTreeViewTest, SelectionSingleAndMultiInDisplayOrder)
@@ -159,23 +133,17 @@ TEST_F(QMTreeViewTest, SelectionSingleAndMultiInDisplayOrder)
     int a1 = Add(multi, a, Tree::LastPosition, "a1");
     multi.SelectItems({b, a1, a});
     EXPECT_EQ(multi.GetSelectedItems(), (NK::Array<int> {a, a1, b}));
-    EXPECT_EQ(multi.GetSelectedCount(), 3);
     EXPECT_EQ(multi.GetSelectedItem(2), a1);
     EXPECT_EQ(multi.GetSelectedItem(4), Tree::NoItem);
     multi.DeselectItem(a1);
-    EXPECT_EQ(multi.GetSelectedItems(), (NK::Array<int> {a, b}));
     multi.DeleteItem(a);
     EXPECT_EQ(multi.GetSelectedItems(), (NK::Array<int> {b}));
-    multi.DeselectItem(0);
-    EXPECT_EQ(multi.GetSelectedCount(), 0);
 
     int x = Add(single, 0, Tree::LastPosition, "x");
     int y = Add(single, 0, Tree::LastPosition, "y");
     single.SelectItem(x);
     single.SelectItem(y);
     EXPECT_EQ(single.GetSelectedItems(), (NK::Array<int> {y}));
-    EXPECT_EQ(single.GetSelectedItem(), y);
-    EXPECT_FALSE(single.IsItemSelected(x));
 }
 
 TEST_F(QMTreeViewTest, ObserversHearSelectionExpansionAndEditsWithTheirOrigin)
@@ -243,27 +211,23 @@ TEST(QMTreeViewScaleTest, WideLevelsAndDeepChainsKeepTheirLinks)
         children.push_back(tree->AppendItem(parent));
     for (std::size_t i = 0; i < children.size(); i += 2)
         tree->DeleteItem(children[i]);
-    EXPECT_EQ(tree->GetChildCount(parent), 50000);
     int count = 0;
-    int previous = Tree::NoItem;
-    for (int c = tree->GetItem(parent, Tree::FirstChild); c != Tree::NoItem; c = tree->GetItem(c, Tree::NextSibling)) {
-        EXPECT_EQ(tree->GetItem(c, Tree::PreviousSibling), previous);
-        previous = c;
-        ++count;
-    }
+    for (int c = tree->GetItem(parent, Tree::FirstChild), previous = Tree::NoItem; c != Tree::NoItem;
+         previous = c, c = tree->GetItem(c, Tree::NextSibling), ++count)
+        ASSERT_EQ(tree->GetItem(c, Tree::PreviousSibling), previous);
     EXPECT_EQ(count, 50000);
     EXPECT_EQ(tree->GetItem(parent, Tree::LastChild), children.back());
     tree->DeleteItem(parent);
-    EXPECT_EQ(tree->GetItemCount(), 0);
 
     constexpr int depth = 200000;
-    int top = tree->AppendItem(0);
+    const int top = tree->AppendItem(0);
     int deepest = top;
+    int middle = top;
     for (int k = 1; k < depth; ++k) {
         tree->ExpandItem(deepest);
         deepest = tree->AppendItem(deepest);
+        middle = k == depth / 2 ? deepest : middle;
     }
-    tree->SetItemText(deepest, "deepest");
     tree->SelectItems({deepest, top});
     EXPECT_EQ(tree->GetSelectedItems(), (NK::Array<int> {top, deepest}));
     EXPECT_TRUE(tree->HasAncestor(deepest, top));
@@ -271,11 +235,9 @@ TEST(QMTreeViewScaleTest, WideLevelsAndDeepChainsKeepTheirLinks)
     tree->CollapseItem(top);
     tree->Render(lines, "");
     EXPECT_EQ(lines.GetLast(), "  * [+] ");
-    tree->DeleteItem(tree->GetItem(top, Tree::FirstChild));
-    EXPECT_EQ(tree->GetItemCount(), 1);
-    for (int k = 1, link = top; k < depth; ++k)
-        link = tree->AppendItem(link);
-    tree.reset();  // the control goes with a chain 200,000 deep
+    tree->DeleteItem(middle);
+    EXPECT_EQ(tree->GetItemCount(), depth / 2);
+    tree.reset();  // the control goes with a chain 100,000 deep
 }
 
 }  // namespace
