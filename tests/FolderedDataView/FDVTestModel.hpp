@@ -72,6 +72,21 @@ inline NK::Array<NK::Owner<ModelItem>> BuildForest(const std::vector<Node>& node
     return forest;
 }
 
+// A chain of `depth` items, each the only child of the one before; ids differ by level.
+inline NK::Array<NK::Owner<ModelItem>> BuildChain(int depth, ModelItem*& bottom)
+{
+    NK::Array<NK::Owner<ModelItem>> chain;
+    chain.Push(NK::NewOwned<NamedItem>("level 0"));
+    bottom = chain[0].Get();
+    for (int level = 1; level < depth; ++level) {  // top-down, the way a client fills folders
+        auto next = NK::NewOwned<NamedItem>("level " + std::to_string(level));
+        ModelItem* added = next.Get();
+        bottom->AddChild(std::move(next));
+        bottom = added;
+    }
+    return chain;
+}
+
 inline std::string Names(const NK::Array<const ModelItem*>& items)
 {
     std::string text;
