@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <stdexcept>
 
 namespace {
@@ -20,58 +19,43 @@ using WZ::Folderable::SelectionChangeGuard;
 // intermediate step of a change (cleared, then each item added) while selection handling is on.
 class TestView : public WZ::Folderable::Views::View {
 public:
-    void EnableSelectionHandling() override
-    {
-        handling = true;
-        ++enabled;
-    }
+    void EnableSelectionHandling() override { handling = true, ++enabled; }
     void DisableSelectionHandling() override { handling = false; }
     Selection GetSelection() const override { return Selection(shown); }
     void SetSelection(const Selection& selection) override
     {
-        shown.Clear();
-        Report();
-        for (const ModelItem* item : selection.GetItems()) {
-            shown.Push(item);
-            Report();
-        }
-        Remember();
+        Show({}), Report();
+        for (const ModelItem* item : selection.GetItems())
+            shown.Push(item), ids.Push(item->GetId()), Report();
     }
-    // Rebuilds with handling off, then selects again the shown items that are still in the
-    // forest (by id), as a real view restores its selection.
+    // Rebuilds with handling off, then selects again, by id, the shown items still in the forest.
     void Refresh() override
     {
         DisableSelectionHandling();
         ++refreshes;
         NK::Array<const ModelItem*> kept;
-        for (const ModelItem* item : shown)
-            if (const ModelItem* found = WZ::Folderable::FindModelItemById(*GetCurrentItems(), idsOfShown[item]))
+        for (const NK::Guid& id : ids)
+            if (const ModelItem* found = WZ::Folderable::FindModelItemById(*GetCurrentItems(), id))
                 kept.Push(found);
-        shown = kept;
-        Remember();
+        Show(kept);
     }
-
     // A selection change the user makes in the control.
-    void UserSelects(const Selection& selection)
-    {
-        shown = selection.GetItems();
-        Remember();
-        Report();
-    }
-    void Remember()
-    {
-        idsOfShown.clear();
-        for (const ModelItem* item : shown)
-            idsOfShown[item] = item->GetId();
-    }
+    void UserSelects(const Selection& selection) { Show(selection.GetItems()), Report(); }
 
     NK::Array<const ModelItem*> shown;
-    std::map<const ModelItem*, NK::Guid> idsOfShown;
+    NK::Array<NK::Guid> ids;  // of the shown items, which a new forest may have deleted
     bool handling = true;
     int enabled = 0;
     int refreshes = 0;
 
 private:
+    void Show(const NK::Array<const ModelItem*>& items)
+    {
+        shown = items;
+        ids.Clear();
+        for (const ModelItem* item : items)
+            ids.Push(item->GetId());
+    }
     void Report()
     {
         if (handling)
