@@ -17,10 +17,7 @@ namespace FDVTest {
 
 using WZ::Folderable::ModelItem;
 
-inline NK::Guid IdOf(const std::string& name)
-{
-    return NK::Guid::FromNumber(0xF0F0, NK::UniString(name).GenerateHashValue());
-}
+inline NK::Guid IdOf(const std::string& name) { return NK::Guid::FromNumber(0xF0F0, NK::UniString(name).GenerateHashValue()); }
 
 class NamedItem : public ModelItem {
 public:
@@ -40,10 +37,7 @@ private:
     NK::Guid id;
 };
 
-inline const NamedItem& AsNamed(const ModelItem& item)
-{
-    return static_cast<const NamedItem&>(item);
-}
+inline const NamedItem& AsNamed(const ModelItem& item) { return static_cast<const NamedItem&>(item); }
 
 // One node of a forest to build: a name, its search texts and its children.
 struct Node {

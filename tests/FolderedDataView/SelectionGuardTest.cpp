@@ -166,21 +166,6 @@ TEST_F(SelectionGuardTest, RefreshKeepingTheSelectionSendsNothingAndLosingItSend
     EXPECT_EQ(view->refreshes, 4);
 }
 
-TEST_F(SelectionGuardTest, CurrentControlSelectionComesFromTheView)
-{
-    struct FocusedTree : TestView {
-        NK::Array<const ModelItem*> GetItemsForCurrentControl() const override { return folder; }
-        NK::Array<const ModelItem*> folder;
-    };
-    view->UserSelects({Item("Tart")});
-    EXPECT_EQ(dataView.GetSelectionOfCurrentControl(), Selection({Item("Tart")})) << "by default, the selection";
-
-    auto tree = NK::NewOwned<FocusedTree>();
-    tree->folder = {Item("Desserts")};
-    dataView.RegisterView(FolderedDataView::ViewMode::Initial, std::move(tree));
-    EXPECT_EQ(dataView.GetSelectionOfCurrentControl(), Selection({Item("Desserts")}));
-}
-
 TEST_F(SelectionGuardTest, MisregisteredNestedGuardsAreReported)
 {
     NK::AssertCapture asserts;
