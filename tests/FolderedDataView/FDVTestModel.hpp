@@ -17,10 +17,7 @@ namespace FDVTest {
 
 using WZ::Folderable::ModelItem;
 
-inline NK::Guid IdOf(const std::string& name)
-{
-    return NK::Guid::FromNumber(0xF0F0, NK::UniString(name).GenerateHashValue());
-}
+inline NK::Guid IdOf(const std::string& name) { return NK::Guid::FromNumber(0xF0F0, NK::UniString(name).GenerateHashValue()); }
 
 class NamedItem : public ModelItem {
 public:
@@ -40,10 +37,7 @@ private:
     NK::Guid id;
 };
 
-inline const NamedItem& AsNamed(const ModelItem& item)
-{
-    return static_cast<const NamedItem&>(item);
-}
+inline const NamedItem& AsNamed(const ModelItem& item) { return static_cast<const NamedItem&>(item); }
 
 // One node of a forest to build: a name, its search texts and its children.
 struct Node {
@@ -70,6 +64,21 @@ inline NK::Array<NK::Owner<ModelItem>> BuildForest(const std::vector<Node>& node
     for (const Node& node : nodes)
         forest.Push(Build(node));
     return forest;
+}
+
+// A chain of `depth` items, each the only child of the one before; ids differ by level.
+inline NK::Array<NK::Owner<ModelItem>> BuildChain(int depth, ModelItem*& bottom)
+{
+    NK::Array<NK::Owner<ModelItem>> chain;
+    chain.Push(NK::NewOwned<NamedItem>("level 0"));
+    bottom = chain[0].Get();
+    for (int level = 1; level < depth; ++level) {  // top-down, the way a client fills folders
+        auto next = NK::NewOwned<NamedItem>("level " + std::to_string(level));
+        ModelItem* added = next.Get();
+        bottom->AddChild(std::move(next));
+        bottom = added;
+    }
+    return chain;
 }
 
 inline std::string Names(const NK::Array<const ModelItem*>& items)

