@@ -15,6 +15,7 @@
 namespace {
 
 using namespace FDVDataViewTest;
+using WZ::Folderable::TreeItem;
 
 // Recipes(Soups(Minestrone, Borscht), Cakes(Sponge)), Pantry(Flour)
 std::vector<Node> Recipes()
