@@ -84,13 +84,9 @@ NK::ErrCode HierarchicalView::ViewState::Read(NK::IChannel& channel)
 {
     // The layout part is read into a copy and taken over only when the column layout was read
     // too (which itself changes nothing on a failure), so a failure leaves this state as it was.
-    NK::Owner<Layout::LayoutState> layoutPart = GetLayoutState() != nullptr ? GetLayoutState()->Clone() : nullptr;
-    if (layoutPart != nullptr) {
-        if (const NK::ErrCode error = layoutPart->Read(channel); error != NK::NoError)
-            return error;
-    } else if (channel.GetStatus() != NK::NoError) {
-        return channel.GetStatus();
-    }
+    NK::Owner<Layout::LayoutState> layoutPart;
+    if (const NK::ErrCode error = ReadLayoutStateCopy(channel, layoutPart); error != NK::NoError)
+        return error;
     if (const NK::ErrCode error = columnLayout.Read(channel); error != NK::NoError)
         return error;
     SetLayoutState(std::move(layoutPart));

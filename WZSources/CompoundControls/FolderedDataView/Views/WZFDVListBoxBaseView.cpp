@@ -53,13 +53,9 @@ NK::ErrCode ListBoxBaseView::ViewState::Read(NK::IChannel& channel)
 {
     // Both parts are read into copies and taken over only when the whole state was read, so a
     // failure leaves this state as it was.
-    NK::Owner<Layout::LayoutState> layoutPart = GetLayoutState() != nullptr ? GetLayoutState()->Clone() : nullptr;
-    if (layoutPart != nullptr) {
-        if (const NK::ErrCode error = layoutPart->Read(channel); error != NK::NoError)
-            return error;
-    } else if (channel.GetStatus() != NK::NoError) {
-        return channel.GetStatus();
-    }
+    NK::Owner<Layout::LayoutState> layoutPart;
+    if (const NK::ErrCode error = ReadLayoutStateCopy(channel, layoutPart); error != NK::NoError)
+        return error;
     NK::UInt16 count = 0;
     if (const NK::ErrCode error = channel.Read(count); error != NK::NoError)
         return error;

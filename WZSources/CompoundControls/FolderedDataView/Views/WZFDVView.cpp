@@ -34,6 +34,16 @@ NK::ErrCode View::ViewState::Read(NK::IChannel& channel)
     return layoutState->Read(channel);
 }
 
+NK::ErrCode View::ViewState::ReadLayoutStateCopy(NK::IChannel& channel, NK::Owner<Layout::LayoutState>& copy) const
+{
+    if (layoutState == nullptr) {
+        copy = nullptr;
+        return channel.GetStatus();
+    }
+    copy = layoutState->Clone();
+    return copy->Read(channel);
+}
+
 View::InMemoryViewState::~InMemoryViewState() = default;
 
 void View::InMemoryViewState::InitStateIfNeeded(const NK::Array<NK::Owner<ModelItem>>&) {}

@@ -66,6 +66,9 @@ public:
         // For readers that read the layout part into a copy and keep it only when their own part
         // was read whole.
         void SetLayoutState(NK::Owner<Layout::LayoutState> state) noexcept { layoutState = std::move(state); }
+        // Reads the layout part into a copy of this state's (null when it has none, after
+        // checking the channel), leaving this state as it is.
+        NK::ErrCode ReadLayoutStateCopy(NK::IChannel& channel, NK::Owner<Layout::LayoutState>& copy) const;
 
     private:
         NK::Owner<Layout::LayoutState> layoutState;
