@@ -48,13 +48,9 @@ TEST_F(FlatListViewTest, ARefreshOfTheSameRowsChangesNothingAndSendsNothing)
 {
     Show(Selection {Find(forest, "Peppers")});
     ListBox().ResetJournal();
-
     view.Refresh();
-
     const QM::Journal& journal = ListBox().GetJournal();
-    EXPECT_EQ(journal.GetCount(QM::Op::InsertItem), 0u);
-    EXPECT_EQ(journal.GetCount(QM::Op::DeleteItem), 0u);
-    EXPECT_EQ(journal.GetCount(QM::Op::SetText), 0u);
+    EXPECT_EQ(journal.GetCount(QM::Op::InsertItem) + journal.GetCount(QM::Op::DeleteItem) + journal.GetCount(QM::Op::SetText), 0u);
     EXPECT_EQ(journal.GetCount(QM::Op::Redraw), 1u);
     EXPECT_TRUE(ListBox().IsDrawEnabled());
     EXPECT_TRUE(recorder.reported.empty());
@@ -89,26 +85,20 @@ TEST_F(FlatListViewTest, UserSelectionIsReportedAndTheViewIsDeafWhileHandlingIsO
 TEST_F(FlatListViewTest, ASearchNarrowsTheRowsAndItsEndRestoresRowsAndSelection)
 {
     Show(Selection {Find(forest, "Peppers")});
-
     resource.searchField.SimulateUserType("s");
     EXPECT_EQ(Rows(List()), "Muffins Spinach Stews");  // items without search texts never show
     EXPECT_TRUE(view.GetSelection().IsEmpty());
     resource.searchField.SimulateUserType("e");
     EXPECT_EQ(Rows(List()), "Spinach");
     resource.searchField.SimulateUserClear();
-
     EXPECT_EQ(Rows(List()), "Dumplings Muffins Nibbles Peppers Recipes Spinach Stews Vegetables");
     EXPECT_EQ(Names(view.GetSelection().GetItems()), "Peppers");
     EXPECT_EQ(recorder.reported, (std::vector<std::string> {"", "Peppers"}));
-}
 
-TEST_F(FlatListViewTest, ARowPickedDuringASearchStaysSelectedAfterIt)
-{
-    Show(Selection {Find(forest, "Peppers")});
+    // A row picked during a search stays selected after it.
     resource.searchField.SimulateUserType("stews");
     ListBox().SimulateUserClickRow(RowOf(List(), "Stews"));
     resource.searchField.SimulateUserClear();
-
     EXPECT_EQ(Names(view.GetSelection().GetItems()), "Stews");
     EXPECT_EQ(recorder.reported.back(), "Stews");
 }

@@ -66,8 +66,6 @@ TEST_F(QMListBoxTest, InsertionNumbersRowsAndHonoursTheMarkers)
     EXPECT_EQ(Insert(single, 5, "e"), 5);  // count + 1 appends
     EXPECT_EQ(single.InsertSeparator(3), 3);
     EXPECT_EQ(Texts(single), (std::vector<std::string> {"a", "b", "--", "c", "d", "e"}));
-    EXPECT_TRUE(single.IsSeparator(3));
-    EXPECT_FALSE(single.IsSeparator(4));
 
     NK::AssertCapture capture;
     EXPECT_EQ(single.InsertItem(8), 0);
@@ -125,8 +123,6 @@ TEST_F(QMListBoxTest, RowsKeepTheirDataWhenRowsAroundThemComeAndGo)
     EXPECT_EQ(multi.GetItemFontStyle(2), QM::Font::Bold);
     EXPECT_EQ(multi.GetItemColor(2), QM::Color(1, 2, 3));
     EXPECT_EQ(multi.GetSelectedItems(), (NK::Array<short> {2}));
-    multi.ResetItemColor(2);
-    EXPECT_FALSE(multi.GetItemColor(2).has_value());
 }
 
 TEST_F(QMListBoxTest, TabFieldsAreNumberedFromOneUpToTheirCount)
