@@ -135,10 +135,8 @@ TEST_F(QMListBoxTest, TabFieldsAreNumberedFromOneUpToTheirCount)
 
     single.SetTabFieldCount(3);
     single.SetTabItemText(1, 3, "third");
-    single.SetTabItemDescription(1, 3, "about it");
     single.SetTabItemColor(1, 3, QM::Color(9, 9, 9));
     EXPECT_EQ(single.GetTabItemText(1, 2), NK::UniString());
-    EXPECT_EQ(single.GetTabItemDescription(1, 3), NK::UniString("about it"));
     EXPECT_EQ(single.GetTabItemColor(1, 3), QM::Color(9, 9, 9));
     single.SetTabFieldCount(2);  // the third field's content goes with it
     single.SetTabFieldCount(3);
