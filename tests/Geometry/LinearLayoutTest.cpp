@@ -56,7 +56,7 @@ protected:
     const HFixedHeight top20 {VerticalAlignment::Top, 20};
 };
 
-TEST_F(LinearLayoutTest, GravityPacksAtTheStartOrWithEndAtTheEndInReverseOrder)
+TEST_F(LinearLayoutTest, GravityPacksAtTheStartOrWithEndAtTheEndInReverseOrderInEitherDirection)
 {
     QM::Item& a = NewItem();
     QM::Item& b = NewItem();
@@ -78,6 +78,21 @@ TEST_F(LinearLayoutTest, GravityPacksAtTheStartOrWithEndAtTheEndInReverseOrder)
     layout.ApplyLayout(QM::Rect(0, 5, 80, 45));
     EXPECT_EQ(b.GetRect(), QM::Rect(1, 5, 31, 25));
     EXPECT_EQ(a.GetRect(), QM::Rect(31, 5, 81, 25));
+
+    // A vertical layout stacks inside its margin and packs at the bottom with End.
+    VerticalLinearLayout column;
+    column.SetMargin(Inset {3, 4, 6, 8});
+    column.Add(a, VFixedHeight {20}, VFixedWidth {HorizontalAlignment::Right, 50}, Inset {0, 1, 0, 2});
+    column.Add(b, VFixedHeight {30}, VAutoFillWidth {}, Inset {10, 0, 5, 0});
+    column.SetGap(5);
+    // Across: x from 3, room 100 - 3 - 6 = 91.
+    column.ApplyLayout(QM::Rect(0, 0, 100, 200));
+    EXPECT_EQ(a.GetRect(), QM::Rect(44, 5, 94, 25));
+    EXPECT_EQ(b.GetRect(), QM::Rect(13, 32, 89, 62));
+    column.SetGravity(Gravity::End);
+    column.ApplyLayout(QM::Rect(0, 0, 100, 200));
+    EXPECT_EQ(b.GetRect(), QM::Rect(13, 134, 89, 164));
+    EXPECT_EQ(a.GetRect(), QM::Rect(44, 170, 94, 190));  // ends at 200 - 8 less its bottom inset
 }
 
 TEST_F(LinearLayoutTest, MarginGapsAndInsetsAreTakenFromTheRoomAndToldToTheDelegate)
@@ -145,25 +160,6 @@ TEST_F(LinearLayoutTest, CrossAxisOffsetsAndSizes)
     QM::Item& squeezed = NewItem();
     HQMItemDescriptor(squeezed, HFixedWidth {10}, HAutoFillHeight {}, {}).ApplyRect(QM::Rect(10, 20, 4, 12));
     EXPECT_EQ(squeezed.GetRect(), QM::Rect(10, 20, 10, 20));
-}
-
-TEST_F(LinearLayoutTest, VerticalLayoutStacksInsideItsMarginAndPacksAtTheBottomWithGravityEnd)
-{
-    QM::Item& a = NewItem();
-    QM::Item& b = NewItem();
-    VerticalLinearLayout layout;
-    layout.SetMargin(Inset {3, 4, 6, 8});
-    layout.Add(a, VFixedHeight {20}, VFixedWidth {HorizontalAlignment::Right, 50}, Inset {0, 1, 0, 2});
-    layout.Add(b, VFixedHeight {30}, VAutoFillWidth {}, Inset {10, 0, 5, 0});
-    layout.SetGap(5);
-    // Across: x from 3, room 100 - 3 - 6 = 91.
-    layout.ApplyLayout(QM::Rect(0, 0, 100, 200));
-    EXPECT_EQ(a.GetRect(), QM::Rect(44, 5, 94, 25));
-    EXPECT_EQ(b.GetRect(), QM::Rect(13, 32, 89, 62));
-    layout.SetGravity(Gravity::End);
-    layout.ApplyLayout(QM::Rect(0, 0, 100, 200));
-    EXPECT_EQ(b.GetRect(), QM::Rect(13, 134, 89, 164));
-    EXPECT_EQ(a.GetRect(), QM::Rect(44, 170, 94, 190));  // ends at 200 - 8 less its bottom inset
 }
 
 // Bad sizes are reported and taken as the nearest lengths: no item moves backwards, no position

@@ -99,9 +99,8 @@ TEST_F(ControlsTest, ASplitterDragStopsAtItsLimits)
     bar.Attach(recorder);
     bar.SetLimits(80, 260);
 
-    EXPECT_EQ(bar.SimulateUserDrag(-200), 80);
-    EXPECT_EQ(bar.SimulateUserDrag(500), 260);
-    EXPECT_EQ(bar.SimulateUserDrag(0), 260);  // let go where it was: nothing
+    for (const auto& [delta, position] : {std::pair {-200, 80}, {500, 260}, {0, 260}})  // 0: let go where it was
+        EXPECT_EQ(bar.SimulateUserDrag(delta), position) << delta;
     bar.SetPosition(100);
 
     NK::AssertCapture capture;
@@ -121,7 +120,7 @@ TEST_F(ControlsTest, ASplitterDragStopsAtItsLimits)
 
     QM::Splitter across(dialog, QM::Rect(0, 100, 400, 104), QM::Splitter::Orientation::Horizontal);
     across.SetLimits(40, 250);
-    EXPECT_EQ(across.SimulateUserDrag(30), 130);
+    across.SimulateUserDrag(30);
     EXPECT_EQ(Render(across), "#2 Splitter (0, 130, 400, 134)\n  horizontal at 130 in [40, 250]\n");
 }
 
