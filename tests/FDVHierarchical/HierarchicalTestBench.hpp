@@ -46,16 +46,18 @@ public:
     }
 };
 
-// Rows named after the items; a name can be given another display text (a changed row).
+// Rows named after the items; a name can be given another display text (a changed row), and every
+// row a tooltip.
 class RowFactory : public TreeItemFactory {
 public:
     NK::Owner<TreeItem> CreateItem(const ModelItem& item) override
     {
         const std::string& name = AsNamed(item).GetName();
         auto renamed = displayNames.find(name);
-        return NK::NewOwned<NamedRow>(item, renamed != displayNames.end() ? renamed->second : name);
+        return NK::NewOwned<NamedRow>(item, renamed != displayNames.end() ? renamed->second : name, toolTip);
     }
     std::map<std::string, std::string> displayNames;
+    NK::Optional<NK::UniString> toolTip;
 };
 
 // Finds items by their name (and their own search texts, if any).
@@ -68,21 +70,6 @@ public:
             texts.Push(NK::UniString(text));
         return texts;
     }
-};
-
-// Leaves out the items named.
-class HidingFilter : public TreeItemFactory::Filter {
-public:
-    explicit HidingFilter(std::vector<std::string> hidden) : hidden(std::move(hidden)) {}
-    Status GetStatus(const ModelItem& item) const override
-    {
-        for (const std::string& name : hidden) {
-            if (AsNamed(item).GetName() == name)
-                return Status::Excluded;
-        }
-        return Status::Included;
-    }
-    std::vector<std::string> hidden;
 };
 
 // The controls the view borrows: one table and one search field on a dialog.
