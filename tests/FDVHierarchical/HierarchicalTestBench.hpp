@@ -1,12 +1,10 @@
 // A test bench for the hierarchical view: a dialog holding the hierarchical table and a search
 // field, offered to the view as its view resource; a row factory that names rows after the model
-// items, a search filter over the items' names, a recorder of the view's selection events, and a
-// small layout state for view state round trips.
+// items, a search filter over the items' names and a recorder of the view's selection events.
 #pragma once
 
 #include "FolderedDataView/FDVTestModel.hpp"
 
-#include "NK/NKMemoryChannel.hpp"
 #include "QM/QMDialog.hpp"
 #include "QM/QMSearchEdit.hpp"
 #include "QM/QMTextRenderer.hpp"
@@ -96,28 +94,6 @@ public:
 
     const View* view = nullptr;  // the view whose reports these are
     std::vector<std::string> reported;
-};
-
-// A layout state of one number, enough to see that the base part is written before the columns.
-class NumberLayoutState : public WZ::Folderable::Layout::LayoutState {
-public:
-    explicit NumberLayoutState(NK::Int16 number) : number(number) {}
-    NK::ErrCode Write(NK::OChannel& channel) const override { return channel.Write(number); }
-    NK::ErrCode Read(NK::IChannel& channel) override
-    {
-        NK::Int16 read = 0;
-        NK::ErrCode error = channel.Read(read);
-        if (error == NK::NoError)
-            number = read;
-        return error;
-    }
-    NK::Owner<LayoutState> Clone() const override { return NK::NewOwned<NumberLayoutState>(number); }
-    bool IsEqual(const LayoutState& other) const override
-    {
-        auto* same = dynamic_cast<const NumberLayoutState*>(&other);
-        return same != nullptr && same->number == number;
-    }
-    NK::Int16 number;
 };
 
 // A recipe collection: Recipes(Vegetables(Peppers, Spinach(Dumplings)), Stews), Nibbles(Muffins)

@@ -1,14 +1,14 @@
 #include "HierarchicalTestBench.hpp"
 
 #include "NK/NKMemoryChannel.hpp"
-#include "WZSources/CompoundControls/FolderedDataView/Views/WZFDVLayout.hpp"
+#include "WZSources/CompoundControls/FolderedDataView/Views/WZFDVLayouts.hpp"
 
 #include <gtest/gtest.h>
 
 namespace {
 
 using namespace FDVHierarchicalTest;
-using WZ::Folderable::Layout;
+using SearchFieldState = WZ::Folderable::NormalLayout::LayoutState;
 
 class HierarchicalViewTest : public ::testing::Test {
 protected:
@@ -236,18 +236,18 @@ TEST_F(HierarchicalViewStateTest, TheStateCarriesTheColumnLayoutAfterTheLayoutsP
 {
     table.SetColumns(Columns());
     ASSERT_TRUE(table.SimulateUserResizeColumn("size", 120));
-    HierarchicalView::ViewState written(NK::NewOwned<NumberLayoutState>(7), table.GetColumnLayout());
+    HierarchicalView::ViewState written(NK::NewOwned<SearchFieldState>(false), table.GetColumnLayout());
     const std::vector<NK::Byte> bytes = Write(written);
 
-    HierarchicalView::ViewState read(NK::NewOwned<NumberLayoutState>(0), QM::TableView::ColumnLayout());
+    HierarchicalView::ViewState read(NK::NewOwned<SearchFieldState>(true), QM::TableView::ColumnLayout());
     NK::MemoryIChannel channel(bytes);
     ASSERT_EQ(read.Read(channel), NK::NoError);
-    EXPECT_EQ(static_cast<const NumberLayoutState*>(read.GetLayoutState())->number, 7);
+    EXPECT_FALSE(static_cast<const SearchFieldState*>(read.GetLayoutState())->IsSearchFieldVisible());
     EXPECT_EQ(Write(read), bytes);
 
     const QM::TableView::ColumnLayout original({{"size", 10, false}});
-    for (std::size_t cut : {std::size_t {1}, bytes.size() - 1}) {
-        HierarchicalView::ViewState damaged(NK::NewOwned<NumberLayoutState>(0), original);
+    for (std::size_t cut : {std::size_t {0}, std::size_t {1}, bytes.size() - 1}) {
+        HierarchicalView::ViewState damaged(NK::NewOwned<SearchFieldState>(true), original);
         NK::MemoryIChannel cutChannel(std::vector<NK::Byte>(bytes.begin(), bytes.begin() + static_cast<long>(cut)));
         EXPECT_NE(damaged.Read(cutChannel), NK::NoError) << cut;
         EXPECT_EQ(damaged.GetColumnLayout(), original) << cut;
