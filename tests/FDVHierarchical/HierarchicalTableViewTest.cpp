@@ -7,12 +7,6 @@ namespace {
 using namespace FDVHierarchicalTest;
 using GuidSet = HierarchicalTableView::GuidSet;
 
-class RecordingUserDelegate : public HierarchicalTableView::UserDelegate {
-public:
-    void SelectionChanged() override { ++changes; }
-    int changes = 0;
-};
-
 class FolderableHierarchicalTableTest : public ::testing::Test {
 protected:
     FolderableHierarchicalTableTest() { Load(SampleForest()); }
@@ -26,13 +20,12 @@ protected:
             rows.Push(NK::Owner<HierarchicalTreeItem>(static_cast<HierarchicalTreeItem*>(item.Release())));
         return rows;
     }
-    HierarchicalTableView::UpdateResult Load(const std::vector<Node>& nodes) { return Load(nodes, factory); }
-    HierarchicalTableView::UpdateResult Load(const std::vector<Node>& nodes, TreeItemFactory& rowFactory)
+    HierarchicalTableView::UpdateResult Load(const std::vector<Node>& nodes)
     {
         // The previous forest stays alive until the rows made from it are gone.
         previousForest = std::move(forest);
         forest = BuildForest(nodes);
-        return table.SetItems(Rows(forest, rowFactory));
+        return table.SetItems(Rows(forest, factory));
     }
     std::string Selected() const { return FDVTest::Names(table.GetSelectedModelItems()); }
     NameList Expanded() const
@@ -82,11 +75,7 @@ TEST_F(FolderableHierarchicalTableTest, RowsShowDisplayNamesInTheTreeColumnAndSt
     factory.displayNames["Muffins"] = "Mini muffins";
     Load(SampleForest());
     table.ExpandItem(IdOf("Nibbles"));
-    EXPECT_EQ(Render(table), "#1 TableView (0, 0, 400, 300)\n"
-                             "    [-] Nibbles\n"
-                             "          Mini muffins\n"
-                             "    [+] Recipes\n");
-    // With columns, the first shown one carries the names; the others the rows' own strings.
+    // The first shown column carries the names; the others the rows' own strings.
     table.SetColumns({QM::TableView::Column {"size", "Size", 50, false}, QM::TableView::Column {"name", "Name", 200, true},
                       QM::TableView::Column {"size2", "Size", 50, true}});
     EXPECT_EQ(Render(table), "#1 TableView (0, 0, 400, 300)\n"
@@ -131,13 +120,8 @@ TEST_F(FolderableHierarchicalTableTest, ATooltipChangeAloneKeepsTheRowAsItWas)
 {
     table.ExpandItem(IdOf("Recipes"));
     table.ResetJournal();
-    struct TipFactory : RowFactory {
-        NK::Owner<TreeItem> CreateItem(const ModelItem& item) override
-        {
-            return NK::NewOwned<NamedRow>(item, AsNamed(item).GetName(), NK::UniString("new tip"));
-        }
-    } tipFactory;
-    Load(SampleForest(), tipFactory);
+    factory.toolTip = NK::UniString("new tip");
+    Load(SampleForest());
 
     EXPECT_EQ(table.GetJournal().GetCount(QM::Op::RedrawItem), 0u);
     EXPECT_EQ(table.GetJournal().GetCount(QM::Op::InsertItem), 0u);
@@ -196,7 +180,10 @@ TEST_F(FolderableHierarchicalTableTest, SelectingItemsOpensTheirFoldersAndScroll
 
 TEST_F(FolderableHierarchicalTableTest, TheUserDelegateHearsOfSelectionChangesWhileItIsSet)
 {
-    RecordingUserDelegate user;
+    struct : HierarchicalTableView::UserDelegate {
+        void SelectionChanged() override { ++changes; }
+        int changes = 0;
+    } user;
     table.SetUserDelegate(&user);
     ASSERT_TRUE(table.SimulateUserSelectNode(IdOf("Nibbles")));
     EXPECT_EQ(user.changes, 1);
@@ -239,8 +226,7 @@ TEST_F(FolderableHierarchicalTableTest, ARepeatedIdIsReportedWhenALookupMeetsIt)
     NK::AssertCapture capture;
     table.IsExpandedItem(IdOf("Twin"));
     table.ExpandItem(IdOf("Twin"));
-    ASSERT_EQ(capture.GetExpressions(), (std::vector<std::string> {"!nodeFound", "result == nullptr"}));
-    EXPECT_EQ(capture.GetReports()[0].location.function, "WZ::Folderable::HierarchicalTableView::IsExpandedItem");
+    EXPECT_EQ(capture.GetExpressions(), (std::vector<std::string> {"!nodeFound", "result == nullptr"}));
     EXPECT_TRUE(table.IsNodeExpanded(IdOf("Twin")));
 }
 

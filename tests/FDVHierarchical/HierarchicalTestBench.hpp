@@ -1,12 +1,10 @@
 // A test bench for the hierarchical view: a dialog holding the hierarchical table and a search
 // field, offered to the view as its view resource; a row factory that names rows after the model
-// items, a search filter over the items' names, a recorder of the view's selection events, and a
-// small layout state for view state round trips.
+// items, a search filter over the items' names and a recorder of the view's selection events.
 #pragma once
 
 #include "FolderedDataView/FDVTestModel.hpp"
 
-#include "NK/NKMemoryChannel.hpp"
 #include "QM/QMDialog.hpp"
 #include "QM/QMSearchEdit.hpp"
 #include "QM/QMTextRenderer.hpp"
@@ -46,16 +44,18 @@ public:
     }
 };
 
-// Rows named after the items; a name can be given another display text (a changed row).
+// Rows named after the items; a name can be given another display text (a changed row), and every
+// row a tooltip.
 class RowFactory : public TreeItemFactory {
 public:
     NK::Owner<TreeItem> CreateItem(const ModelItem& item) override
     {
         const std::string& name = AsNamed(item).GetName();
         auto renamed = displayNames.find(name);
-        return NK::NewOwned<NamedRow>(item, renamed != displayNames.end() ? renamed->second : name);
+        return NK::NewOwned<NamedRow>(item, renamed != displayNames.end() ? renamed->second : name, toolTip);
     }
     std::map<std::string, std::string> displayNames;
+    NK::Optional<NK::UniString> toolTip;
 };
 
 // Finds items by their name (and their own search texts, if any).
@@ -68,21 +68,6 @@ public:
             texts.Push(NK::UniString(text));
         return texts;
     }
-};
-
-// Leaves out the items named.
-class HidingFilter : public TreeItemFactory::Filter {
-public:
-    explicit HidingFilter(std::vector<std::string> hidden) : hidden(std::move(hidden)) {}
-    Status GetStatus(const ModelItem& item) const override
-    {
-        for (const std::string& name : hidden) {
-            if (AsNamed(item).GetName() == name)
-                return Status::Excluded;
-        }
-        return Status::Included;
-    }
-    std::vector<std::string> hidden;
 };
 
 // The controls the view borrows: one table and one search field on a dialog.
@@ -109,28 +94,6 @@ public:
 
     const View* view = nullptr;  // the view whose reports these are
     std::vector<std::string> reported;
-};
-
-// A layout state of one number, enough to see that the base part is written before the columns.
-class NumberLayoutState : public WZ::Folderable::Layout::LayoutState {
-public:
-    explicit NumberLayoutState(NK::Int16 number) : number(number) {}
-    NK::ErrCode Write(NK::OChannel& channel) const override { return channel.Write(number); }
-    NK::ErrCode Read(NK::IChannel& channel) override
-    {
-        NK::Int16 read = 0;
-        NK::ErrCode error = channel.Read(read);
-        if (error == NK::NoError)
-            number = read;
-        return error;
-    }
-    NK::Owner<LayoutState> Clone() const override { return NK::NewOwned<NumberLayoutState>(number); }
-    bool IsEqual(const LayoutState& other) const override
-    {
-        auto* same = dynamic_cast<const NumberLayoutState*>(&other);
-        return same != nullptr && same->number == number;
-    }
-    NK::Int16 number;
 };
 
 // A recipe collection: Recipes(Vegetables(Peppers, Spinach(Dumplings)), Stews), Nibbles(Muffins)
