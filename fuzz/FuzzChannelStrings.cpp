@@ -18,16 +18,28 @@ std::vector<NK::Byte> Consumed(const NK::Byte* data, std::size_t size, const NK:
     return std::vector<NK::Byte>(data, data + (size - channel.GetRemaining()));
 }
 
-void UniStrings(const NK::Byte* data, std::size_t size)
+// A reader whose value is written back byte for byte: a failed read leaves the value as it was,
+// a successful one consumed exactly what the writer produces from the value.
+template <typename Value, typename Read, typename Write>
+void ReadsAndWritesBack(const NK::Byte* data, std::size_t size, const Value& untouchedValue, Read read, Write write,
+                        const char* failedLeavesValue, const char* writtenBack)
 {
     NK::MemoryIChannel channel(data, size);
-    NK::UniString value = untouched;
-    if (channel.Read(value) != NK::NoError) {
-        Fuzz::Check(value == untouched, "a failed UniString read leaves the value");
+    Value value = untouchedValue;
+    if (read(channel, value) != NK::NoError) {
+        Fuzz::Check(value == untouchedValue, failedLeavesValue);
         return;
     }
-    const auto written = Fuzz::Written([&](NK::OChannel& out) { out.Write(value); });
-    Fuzz::Check(written == Consumed(data, size, channel), "a UniString is written back as it was read");
+    const auto written = Fuzz::Written([&](NK::OChannel& out) { write(out, value); });
+    Fuzz::Check(written == Consumed(data, size, channel), writtenBack);
+}
+
+void UniStrings(const NK::Byte* data, std::size_t size)
+{
+    ReadsAndWritesBack(
+        data, size, untouched, [](NK::IChannel& in, NK::UniString& value) { return in.Read(value); },
+        [](NK::OChannel& out, const NK::UniString& value) { out.Write(value); },
+        "a failed UniString read leaves the value", "a UniString is written back as it was read");
 }
 
 void EightBitStrings(const NK::Byte* data, std::size_t size)
@@ -49,14 +61,10 @@ void EightBitStrings(const NK::Byte* data, std::size_t size)
 
 void EightBitBytes(const NK::Byte* data, std::size_t size)
 {
-    NK::MemoryIChannel channel(data, size);
-    std::string value = "untouched";
-    if (channel.Read8BitBytes(value) != NK::NoError) {
-        Fuzz::Check(value == "untouched", "a failed 8-bit bytes read leaves the value");
-        return;
-    }
-    const auto written = Fuzz::Written([&](NK::OChannel& out) { out.Write8BitBytes(value); });
-    Fuzz::Check(written == Consumed(data, size, channel), "8-bit bytes are written back as they were read");
+    ReadsAndWritesBack(
+        data, size, std::string("untouched"), [](NK::IChannel& in, std::string& value) { return in.Read8BitBytes(value); },
+        [](NK::OChannel& out, const std::string& value) { out.Write8BitBytes(value); },
+        "a failed 8-bit bytes read leaves the value", "8-bit bytes are written back as they were read");
 }
 
 }  // namespace

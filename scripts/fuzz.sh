@@ -8,20 +8,7 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 name=${1:?usage: fuzz.sh NAME SECONDS}
 seconds=${2:?usage: fuzz.sh NAME SECONDS}
 
-"$root/scripts/setup.sh"
-missing=()
-for p in clang-14 libclang-rt-14-dev; do
-  if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed"; then
-    missing+=("$p")
-  fi
-done
-if [ ${#missing[@]} -gt 0 ]; then
-  echo "fuzz: installing ${missing[*]}"
-  sudo_cmd=()
-  [ "$(id -u)" -ne 0 ] && sudo_cmd=(sudo)
-  "${sudo_cmd[@]}" apt-get update -qq
-  DEBIAN_FRONTEND=noninteractive "${sudo_cmd[@]}" apt-get install -y -qq "${missing[@]}"
-fi
+"$root/scripts/setup.sh" clang-14 libclang-rt-14-dev
 
 dir="$root/build-fuzz"
 if [ ! -f "$dir/CMakeCache.txt" ]; then

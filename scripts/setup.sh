@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build needs, only those that are missing.
+# Installs the Debian packages the build needs, only those that are missing; packages named on
+# the command line (setup.sh clang-14 ...) are installed the same way beside them.
 set -euo pipefail
 
 packages=(cmake ninja-build g++ pkg-config
           libicu-dev libxerces-c-dev libtsl-ordered-map-dev nlohmann-json3-dev
-          libgtest-dev libgmock-dev libbenchmark-dev libdtl-dev)
+          libgtest-dev libgmock-dev libbenchmark-dev libdtl-dev "$@")
 
 missing=()
 for p in "${packages[@]}"; do

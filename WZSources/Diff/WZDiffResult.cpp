@@ -1,5 +1,7 @@
 #include "WZSources/Diff/WZDiffResult.hpp"
 
+#include "NK/NKOwnedTree.hpp"
+
 namespace WZ::Diff {
 
 namespace {
@@ -77,20 +79,16 @@ TreeResult& TreeResult::operator=(const TreeResult& other)
 
 TreeResult::~TreeResult()
 {
-    std::vector<NK::Owner<TreeResult>> pending;
-    TakeSubTrees(*this, pending);
-    while (!pending.empty()) {
-        NK::Owner<TreeResult> next = std::move(pending.back());
-        pending.pop_back();
-        TakeSubTrees(*next, pending);
-    }  // each nested result is destroyed with nothing left below it
+    NK::Array<NK::Owner<TreeResult>> subTrees;
+    TakeSubTrees(*this, subTrees);
+    NK::DestroyOwnedTree(std::move(subTrees), TakeSubTrees);
 }
 
-void TreeResult::TakeSubTrees(TreeResult& result, std::vector<NK::Owner<TreeResult>>& pending)
+void TreeResult::TakeSubTrees(TreeResult& result, NK::Array<NK::Owner<TreeResult>>& pending)
 {
     for (auto& entry : result.updates)
         if (entry.second.subTree)
-            pending.push_back(std::move(entry.second.subTree));
+            pending.Push(std::move(entry.second.subTree));
 }
 
 bool TreeResult::HasChanges() const noexcept

@@ -10,6 +10,7 @@
 // items fills them without hashing.
 #pragma once
 
+#include "NK/NKArray.hpp"
 #include "NK/NKHashTable.hpp"
 #include "NK/NKPointers.hpp"
 #include "NK/NKSkipMap.hpp"
@@ -83,7 +84,7 @@ struct TreeResult {
 
 private:
     // Moves every nested result out of `result` into `pending`.
-    static void TakeSubTrees(TreeResult& result, std::vector<NK::Owner<TreeResult>>& pending);
+    static void TakeSubTrees(TreeResult& result, NK::Array<NK::Owner<TreeResult>>& pending);
 };
 
 }  // namespace WZ::Diff

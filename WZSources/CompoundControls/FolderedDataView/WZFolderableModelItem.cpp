@@ -2,6 +2,7 @@
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableModelItem.hpp"
 
 #include "NK/NKAssert.hpp"
+#include "NK/NKOwnedTree.hpp"
 #include "WZSources/WZLoggedAssert.hpp"
 
 #include <vector>
@@ -47,17 +48,11 @@ ModelItem::ModelItem(ModelItem&& other) noexcept : parent(other.parent), childre
 
 ModelItem::~ModelItem()
 {
-    // A subtree is taken apart from the bottom of a work list, so that deleting a deep chain does
-    // not nest one destructor call per level.
-    Forest pending = std::move(children);
-    while (!pending.IsEmpty()) {
-        NK::Owner<ModelItem> item = pending.Pop();
-        if (item == nullptr)
-            continue;
-        for (NK::Owner<ModelItem>& child : item->children)
+    NK::DestroyOwnedTree(std::move(children), [](ModelItem& item, Forest& pending) {
+        for (NK::Owner<ModelItem>& child : item.children)
             pending.Push(std::move(child));
-        item->children.Clear();
-    }
+        item.children.Clear();
+    });
 }
 
 void ModelItem::AddChild(NK::Owner<ModelItem> child)

@@ -1,5 +1,6 @@
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableTreeItem.hpp"
 
+#include "NK/NKOwnedTree.hpp"
 #include "WZSources/CompoundControls/FolderedDataView/WZFolderableModelItem.hpp"
 
 namespace WZ::Folderable {
@@ -20,17 +21,11 @@ TreeItem::TreeItem(const ModelItem& model, const NK::UniString& displayName, con
 
 TreeItem::~TreeItem()
 {
-    // Taken apart from a work list, so that a deep chain of rows is not deleted one nested
-    // destructor call per level.
-    NK::Array<NK::Owner<TreeItem>> pending = std::move(children);
-    while (!pending.IsEmpty()) {
-        NK::Owner<TreeItem> item = pending.Pop();
-        if (item == nullptr)
-            continue;
-        for (NK::Owner<TreeItem>& child : item->children)
+    NK::DestroyOwnedTree(std::move(children), [](TreeItem& item, NK::Array<NK::Owner<TreeItem>>& pending) {
+        for (NK::Owner<TreeItem>& child : item.children)
             pending.Push(std::move(child));
-        item->children.Clear();
-    }
+        item.children.Clear();
+    });
 }
 
 NK::Guid TreeItem::GetId() const
