@@ -4,10 +4,10 @@
 #include "NK/NKAssert.hpp"
 #include "NK/NKHashTable.hpp"
 #include "WZSources/Diff/WZDiff.hpp"
+#include "WZSources/Diff/WZItemDeallocation.hpp"
 #include "WZSources/Diff/WZItemData.hpp"
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -72,41 +72,6 @@ private:
     std::vector<NK::Int64> nextOccurrence;
 };
 
-// A set of item pointers by open addressing: the deallocation rule asks it once per item of an
-// update, so it costs a probe, not a node allocation or a sort.
-class PointerSet {
-public:
-    explicit PointerSet(NK::UIndex expected)
-    {
-        std::size_t capacity = 16;
-        while (capacity < 2 * expected)
-            capacity *= 2;
-        slots.assign(capacity, nullptr);
-    }
-
-    // False when the pointer was in already.
-    bool Add(const Diffable* item)
-    {
-        const std::size_t mask = slots.size() - 1;
-        for (std::size_t slot = Hash(item) & mask;; slot = (slot + 1) & mask) {
-            if (slots[slot] == item)
-                return false;
-            if (slots[slot] == nullptr) {
-                slots[slot] = item;
-                return true;
-            }
-        }
-    }
-
-private:
-    static std::size_t Hash(const Diffable* item)
-    {
-        return static_cast<std::size_t>((reinterpret_cast<std::uintptr_t>(item) >> 4) * 0x9E3779B97F4A7C15ull >> 16);
-    }
-
-    std::vector<const Diffable*> slots;
-};
-
 }  // namespace
 
 SmartListBoxUpdater::ItemDeallocator::~ItemDeallocator() = default;
@@ -155,14 +120,8 @@ NK::Array<const Diffable*> SmartListBoxUpdater::TakeUnshowable(NK::Array<const D
 
 void SmartListBoxUpdater::LetGo(NK::Array<const Diffable*> released, const NK::Array<const Diffable*>& kept)
 {
-    if (!deallocator || released.IsEmpty())
-        return;
-    PointerSet notToFree(kept.GetSize() + released.GetSize());
-    for (const Diffable* item : kept)
-        notToFree.Add(item);
-    for (const Diffable* item : released)
-        if (notToFree.Add(item))
-            deallocator->Deallocate(item);
+    if (deallocator)
+        DeallocateOnceExcept(released, kept, [this](const Diffable* item) { deallocator->Deallocate(item); });
 }
 
 SmartListBoxUpdater::SelectionKeeper SmartListBoxUpdater::SetItems(NK::Array<const Diffable*>&& newItems)

@@ -6,11 +6,11 @@
 
 #include "WZSources/Diff/WZDiff.hpp"
 #include "WZSources/Diff/WZItemData.hpp"
+#include "WZSources/Diff/WZItemDeallocation.hpp"
 #include "WZSources/Diff/WZTreeChildren.hpp"
 
 #include <algorithm>
 #include <deque>
-#include <unordered_set>
 #include <vector>
 
 namespace WZ {
@@ -70,12 +70,8 @@ SmartTreeViewUpdater::UpdateResult SmartTreeViewUpdater::SetRootItems(NK::Array<
 void SmartTreeViewUpdater::DeallocateExcept(const NK::Array<const TreeDiffable*>& items,
                                             const NK::Array<const TreeDiffable*>& kept)
 {
-    if (!deallocator)
-        return;
-    std::unordered_set<const TreeDiffable*> done(kept.begin(), kept.end());
-    for (const TreeDiffable* item : items)
-        if (done.insert(item).second)
-            deallocator->Deallocate(item);
+    if (deallocator)
+        DeallocateOnceExcept(items, kept, [this](const TreeDiffable* item) { deallocator->Deallocate(item); });
 }
 
 void SmartTreeViewUpdater::Abandon(const NK::Array<const TreeDiffable*>& newRoots)
