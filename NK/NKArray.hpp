@@ -91,4 +91,15 @@ private:
     std::vector<T> items;
 };
 
+// Deletes the null entries of an array of pointers, keeping the order of the rest; returns how
+// many there were, for the caller to report a client's error in its own words.
+template <typename T>
+UIndex DeleteNullEntries(Array<T>& items)
+{
+    std::vector<T>& store = items.AsStdVector();
+    const UIndex before = store.size();
+    std::erase(store, nullptr);
+    return before - store.size();
+}
+
 }  // namespace NK

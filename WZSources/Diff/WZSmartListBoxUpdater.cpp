@@ -103,9 +103,7 @@ SmartListBoxUpdater::~SmartListBoxUpdater()
 NK::Array<const Diffable*> SmartListBoxUpdater::TakeUnshowable(NK::Array<const Diffable*>& newItems) const
 {
     NK::Array<const Diffable*> dropped;
-    const auto isNull = [](const Diffable* item) { return item == nullptr; };
-    if (!NK_PRECOND_TEXT(std::none_of(newItems.begin(), newItems.end(), isNull), "newItems hold no null item"))
-        std::erase_if(newItems.AsStdVector(), isNull);
+    NK_PRECOND_TEXT(NK::DeleteNullEntries(newItems) == 0, "newItems hold no null item");
     // The rows of other writers stay where they are; the updater's own rows fill the rest.
     const NK::UIndex rowCount = static_cast<NK::UIndex>(listBox->GetItemCount());
     const NK::UIndex foreignRows = rowCount > items.GetSize() ? rowCount - items.GetSize() : 0;

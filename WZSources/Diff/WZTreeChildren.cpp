@@ -4,18 +4,12 @@
 
 #include "NK/NKAssert.hpp"
 
-#include <algorithm>
-
 namespace WZ::Diff {
 
 void DropNullItems(NK::Array<const TreeDiffable*>& items)
 {
-    std::vector<const TreeDiffable*>& store = items.AsStdVector();
-    if (std::find(store.begin(), store.end(), nullptr) == store.end())
-        return;
-    for (const TreeDiffable* item : store)
-        NK_PRECOND_TEXT(item != nullptr, "item != nullptr");
-    store.erase(std::remove(store.begin(), store.end(), nullptr), store.end());
+    for (NK::UIndex dropped = NK::DeleteNullEntries(items); dropped > 0; --dropped)
+        NK_PRECOND_TEXT(false, "item != nullptr");
 }
 
 }  // namespace WZ::Diff

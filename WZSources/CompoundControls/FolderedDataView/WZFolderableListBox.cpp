@@ -19,17 +19,10 @@ namespace {
 constexpr const char* LogFile = "WZFolderableListBox";
 
 // The entries of `items` that are not null; a null entry is reported once per call.
-NK::Array<const ModelItem*> WithoutNulls(const NK::Array<const ModelItem*>& items)
+NK::Array<const ModelItem*> WithoutNulls(NK::Array<const ModelItem*> items)
 {
-    const auto isNull = [](const ModelItem* item) { return item == nullptr; };
-    if (NK_PRECOND_TEXT(std::none_of(items.begin(), items.end(), isNull), "items hold no null model item"))
-        return items;
-    NK::Array<const ModelItem*> kept;
-    kept.SetCapacity(items.GetSize());
-    for (const ModelItem* item : items)
-        if (item != nullptr)
-            kept.Push(item);
-    return kept;
+    NK_PRECOND_TEXT(NK::DeleteNullEntries(items) == 0, "items hold no null model item");
+    return items;
 }
 
 }  // namespace
